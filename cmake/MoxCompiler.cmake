@@ -1,0 +1,36 @@
+# How everything is compiled: C++20, warnings as errors, ccache and a fast linker where present.
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/bin)
+set(CMAKE_LIBRARY_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/lib)
+set(CMAKE_INSTALL_RPATH "$ORIGIN/../${CMAKE_INSTALL_LIBDIR}:$ORIGIN")
+
+if(NOT CMAKE_BUILD_TYPE)
+  set(CMAKE_BUILD_TYPE Release CACHE STRING "" FORCE)
+endif()
+set(MOX_OPTIMIZATION "-O2 -DNDEBUG" CACHE STRING "Flags of a release build")
+set(CMAKE_CXX_FLAGS_RELEASE "${MOX_OPTIMIZATION}")
+
+find_program(MOX_CCACHE ccache)
+if(MOX_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
+  set(CMAKE_CXX_COMPILER_LAUNCHER ${MOX_CCACHE})
+endif()
+
+find_program(MOX_MOLD mold)
+if(MOX_MOLD)
+  add_link_options(-fuse-ld=mold)
+endif()
+
+add_compile_options(-Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual)
+if(MOX_WARNINGS_AS_ERRORS)
+  add_compile_options(-Werror)
+endif()
+if(MOX_SANITIZE)
+  add_compile_options(-fsanitize=${MOX_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=all)
+  add_link_options(-fsanitize=${MOX_SANITIZE})
+  # gcc sees values through the instrumentation that it then takes for unset, in std::regex for one.
+  add_compile_options($<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>)
+endif()

@@ -1,0 +1,62 @@
+# A target per room. Sources are found by folder, so that a new file needs no list to be edited.
+
+# mox_library(NAME [PUBLIC ...] [PRIVATE ...]): the shared library NAME from src/ and include/ of the
+# current folder, exported as moxmediaui::NAME.
+function(mox_library name)
+  cmake_parse_arguments(ARG "" "SOURCE_DIR;INCLUDE_DIR" "PUBLIC;PRIVATE" ${ARGN})
+  if(NOT ARG_SOURCE_DIR)
+    set(ARG_SOURCE_DIR ${CMAKE_CURRENT_SOURCE_DIR}/src)
+  endif()
+  if(NOT ARG_INCLUDE_DIR)
+    set(ARG_INCLUDE_DIR ${CMAKE_CURRENT_SOURCE_DIR}/include)
+  endif()
+  file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${ARG_SOURCE_DIR}/*.cpp)
+  if(NOT sources)
+    set(sources ${CMAKE_CURRENT_BINARY_DIR}/empty.cpp)
+    file(CONFIGURE OUTPUT ${sources} CONTENT "")
+  endif()
+  add_library(${name} SHARED ${sources})
+  add_library(moxmediaui::${name} ALIAS ${name})
+  target_include_directories(${name}
+    PUBLIC $<BUILD_INTERFACE:${ARG_INCLUDE_DIR}> $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>
+    PRIVATE ${ARG_SOURCE_DIR})
+  target_link_libraries(${name} PUBLIC ${ARG_PUBLIC} PRIVATE ${ARG_PRIVATE})
+  if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND NOT MOX_SANITIZE)
+    # What a library forgot to link is told now rather than to the client. The sanitizers leave symbols open.
+    target_link_options(${name} PRIVATE LINKER:-z,defs)
+  endif()
+  set_target_properties(${name} PROPERTIES VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR})
+  set_property(GLOBAL APPEND PROPERTY MOX_LIBRARIES ${name})
+  set_property(GLOBAL APPEND PROPERTY MOX_INCLUDE_DIRS ${ARG_INCLUDE_DIR})
+endfunction()
+
+# mox_test(NAME DIRECTORY [LINK ...]): one test program from every *Test.cpp below DIRECTORY; other
+# sources there are its helpers.
+function(mox_test name directory)
+  cmake_parse_arguments(ARG "" "" "LINK;ENVIRONMENT" ${ARGN})
+  file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${directory}/*.cpp)
+  if(NOT sources)
+    return()
+  endif()
+  add_executable(${name} ${sources})
+  target_include_directories(${name} PRIVATE ${CMAKE_CURRENT_SOURCE_DIR} ${CMAKE_CURRENT_SOURCE_DIR}/${directory})
+  target_link_libraries(${name} PRIVATE ${ARG_LINK} GTest::gmock)
+  if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
+    # g++ 12 misreads inlined std::string concatenations, which tests are full of.
+    target_compile_options(${name} PRIVATE -Wno-array-bounds -Wno-restrict -Wno-stringop-overread
+      -Wno-stringop-overflow)
+  endif()
+  target_compile_definitions(${name} PRIVATE
+    MOX_TEST_DATA_DIR="${CMAKE_CURRENT_SOURCE_DIR}" MOX_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
+  if(MOX_PRECOMPILED_HEADERS)
+    target_precompile_headers(${name} PRIVATE <gmock/gmock.h> <gtest/gtest.h> <string> <vector>)
+  endif()
+  set(environment QT_QPA_PLATFORM=offscreen ${ARG_ENVIRONMENT})
+  if(MOX_TESTS_BY_CASE)
+    gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST
+      PROPERTIES ENVIRONMENT "${environment}" TIMEOUT 300 LABELS ${name})
+  else()
+    add_test(NAME ${name} COMMAND ${name})
+    set_tests_properties(${name} PROPERTIES ENVIRONMENT "${environment}" TIMEOUT 1200 LABELS ${name})
+  endif()
+endfunction()

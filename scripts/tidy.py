@@ -1,0 +1,219 @@
+#!/usr/bin/env python3
+"""Runs clang-tidy over the sources of a compile database; called by scripts/lint.
+
+Most of the time of a run goes into the headers of packaged libraries, which every source drags in. So sources
+compiled alike are joined into batches, each checked as one file, and the findings are told in terms of the
+real files again. A batch whose members don't go together (two define the same name) is checked by halves.
+"""
+
+import argparse
+import concurrent.futures
+import hashlib
+import json
+import pathlib
+import re
+import shlex
+import subprocess
+import sys
+
+LINES_PER_BATCH = 3000
+FILES_PER_BATCH = 16
+NAME_BEFORE_DEFINITION = re.compile(r"\b([A-Za-z_]\w*)\s*(?:[({=;\[]|:(?!:))")
+DEFINITION_OF_TYPE = re.compile(r"\b(?:class|struct|enum class|enum|union)\s+([A-Za-z_]\w*)")
+FINDING = re.compile(r"^(.*?):(\d+):(\d+): (error|warning|note): (.*)$")
+# Tests and benchmarks are free of what is asked of the product: path-sensitive analysis of test macros takes most
+# of the time and finds nothing of worth, and a test copies on purpose.
+CHECKS_OF_PRODUCT_ONLY = "-clang-analyzer-*,-performance-*"
+INCLUDE = re.compile(r'^(\s*#\s*include\s*)"([^"]+)"')
+
+
+class Source:
+    def __init__(self, root, entry):
+        self.path = pathlib.Path(entry["file"])
+        self.relative = self.path.relative_to(root).as_posix()
+        self.text = self.path.read_text(encoding="utf-8")
+        self.lines = self.text.splitlines()
+        self.flags = flags_of(entry)
+        self.product = not self.relative.startswith(("tests/", "benchmarks/", "fuzz/"))
+        self.names = file_local_names(self.lines)
+        self.alone = any(re.match(r"\s*#\s*define\b|using namespace\b", line) for line in self.lines)
+
+
+def flags_of(entry):
+    """What the compiler is told, without its name, the files, and what only gcc knows."""
+    words = shlex.split(entry["command"])
+    start = next(i for i, word in enumerate(words) if word.startswith("-"))
+    flags = []
+    skip = False
+    for word in words[start:]:
+        if skip:
+            skip = False
+        elif word in ("-o", "-MF", "-MT"):
+            skip = True
+        elif word not in ("-c", "-MD", "-Werror", "-fno-thread-jumps", entry["file"]):
+            flags.append(word)
+    return tuple(flags)
+
+
+def file_local_names(lines):
+    """Names at the top level of unnamed namespaces and of static functions: the ones that may clash."""
+    names = set()
+    local = False
+    for line in lines:
+        if re.match(r"namespace \{", line):
+            local = True
+        elif local and re.match(r"\}\s*// namespace$", line):
+            local = False
+        elif re.match(r"[A-Za-z_]", line) and (local or line.startswith("static ")):
+            names.update(NAME_BEFORE_DEFINITION.findall(line))
+            names.update(DEFINITION_OF_TYPE.findall(line))
+    return names - {"TEST", "TEST_F", "TEST_P", "INSTANTIATE_TEST_SUITE_P", "namespace", "using", "if", "return"}
+
+
+class Batch:
+    def __init__(self, source):
+        self.flags = source.flags
+        self.product = source.product
+        self.sources = [source]
+        self.names = set(source.names)
+
+    def takes(self, source):
+        return (
+            not source.alone
+            and not self.sources[0].alone
+            and source.flags == self.flags
+            and source.product == self.product
+            and len(self.sources) < FILES_PER_BATCH
+            and sum(len(s.lines) for s in self.sources) + len(source.lines) <= LINES_PER_BATCH
+            and not self.names & source.names
+        )
+
+    def add(self, source):
+        self.sources.append(source)
+        self.names |= source.names
+
+
+def batches_of(sources):
+    batches = []
+    for source in sources:
+        for batch in batches:
+            if batch.takes(source):
+                batch.add(source)
+                break
+        else:
+            batches.append(Batch(source))
+    return sorted(batches, key=lambda b: -sum(len(s.lines) for s in b.sources))
+
+
+def joined(batch):
+    """The text of a batch, and for each of its lines the file and line where it comes from."""
+    lines = []
+    origins = []
+    for source in batch.sources:
+        for number, line in enumerate(source.lines, start=1):
+            match = INCLUDE.match(line)
+            if match and (source.path.parent / match.group(2)).is_file():
+                line = f'{match.group(1)}"{(source.path.parent / match.group(2)).resolve()}"'
+            lines.append(line)
+            origins.append((source.relative, number))
+    return "\n".join(lines) + "\n", origins
+
+
+def clang_tidy(path, batch):
+    command = ["clang-tidy", "--quiet"]
+    if not batch.product:
+        command.append(f"--checks={CHECKS_OF_PRODUCT_ONLY}")
+    command += [str(path), "--", *batch.flags, "-Wno-unknown-warning-option"]
+    return subprocess.run(command, stdin=subprocess.DEVNULL, capture_output=True, text=True, check=False)
+
+
+def findings_of(result, root, path, origins):
+    """The findings as blocks of lines: each an error or warning with its notes and excerpts."""
+    findings = []
+    for line in result.stdout.splitlines():
+        match = FINDING.match(line)
+        if match:
+            name, number, column, kind, text = match.groups()
+            if origins and name == str(path):
+                name, number = origins[int(number) - 1]
+            elif name.startswith(f"{root}/"):
+                name = name[len(str(root)) + 1 :]
+            line = f"{name}:{number}:{column}: {kind}: {text}"
+            if kind != "note" or not findings:
+                findings.append([])
+        if findings:
+            findings[-1].append(line)
+    if result.returncode and not findings:
+        findings.append([f"{path}: clang-tidy ended with {result.returncode}", result.stderr])
+    return ["\n".join(block) for block in findings]
+
+
+def goes_together(path, batch):
+    """Whether a joined text compiles: much quicker to find out than by checking it."""
+    command = ["clang++", "-fsyntax-only", "-w", *batch.flags, str(path)]
+    return subprocess.run(command, stdin=subprocess.DEVNULL, capture_output=True, check=False).returncode == 0
+
+
+def halves(batch):
+    middle = len(batch.sources) // 2
+    for members in (batch.sources[:middle], batch.sources[middle:]):
+        half = Batch(members[0])
+        for source in members[1:]:
+            half.add(source)
+        yield half
+
+
+def check(batch, root, folder):
+    """The findings of a batch, and how many batches it came to: one that clashes is checked by halves."""
+    if len(batch.sources) == 1:
+        source = batch.sources[0]
+        return findings_of(clang_tidy(source.path, batch), root, source.path, None), 1
+    text, origins = joined(batch)
+    path = folder / f"{hashlib.sha1(text.encode()).hexdigest()[:16]}.cpp"
+    path.write_text(text, encoding="utf-8")
+    if goes_together(path, batch):
+        return findings_of(clang_tidy(path, batch), root, path, origins), 1
+    results = [check(half, root, folder) for half in halves(batch)]
+    return [finding for found, _ in results for finding in found], sum(count for _, count in results)
+
+
+def main():
+    parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
+    parser.add_argument("--root", required=True, type=pathlib.Path)
+    parser.add_argument("--build", required=True, type=pathlib.Path, help="folder of compile_commands.json")
+    parser.add_argument("--jobs", type=int, default=2)
+    parser.add_argument("files", nargs="*", help="only these sources, relative to the root; none: all")
+    arguments = parser.parse_args()
+    arguments.root = arguments.root.resolve()
+    arguments.build = arguments.build.resolve()
+
+    entries = json.loads((arguments.build / "compile_commands.json").read_text(encoding="utf-8"))
+    sources = {}
+    for entry in entries:
+        path = pathlib.Path(entry["file"])
+        if path.is_relative_to(arguments.root) and not path.is_relative_to(arguments.root / "build"):
+            source = Source(arguments.root, entry)
+            if not arguments.files or source.relative in arguments.files:
+                sources[source.relative] = source
+    folder = arguments.build / "tidy"
+    folder.mkdir(exist_ok=True)
+    for left in folder.glob("*.cpp"):
+        left.unlink()
+
+    batches = batches_of(sources.values())
+    told = set()
+    parts = 0
+    with concurrent.futures.ThreadPoolExecutor(arguments.jobs) as pool:
+        checks = [pool.submit(check, batch, arguments.root, folder) for batch in batches]
+        for finished in concurrent.futures.as_completed(checks):
+            findings, count = finished.result()
+            parts += count
+            for finding in sorted(set(findings) - told):
+                print(finding, flush=True)
+            told.update(findings)
+    print(f"clang-tidy: {len(sources)} files in {parts} parts, {len(told)} findings")
+    return 1 if told else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())

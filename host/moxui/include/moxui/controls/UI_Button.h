@@ -1,0 +1,128 @@
+#pragma once
+
+#include <moxui/controls/ControlTypes.h>
+#include <moxui/controls/FocusVisibility.h>
+#include <moxui/controls/UI_InteractiveControlView.h>
+#include <moxui/skins/DrawButtonParameters.h>
+
+#include <optional>
+#include <utility>
+
+namespace moxui::controls {
+
+using skins::DrawButtonFace;
+using skins::DrawButtonParameters;
+
+enum class ButtonStyle { kPush = 0, kToggle = 1 };
+
+/// A button without content: base of all that is pressed. A click, Space or Enter sends
+/// UI_ControlChangedMessage; with the toggle style its value turns first. A press that leaves the button and
+/// ends outside does nothing.
+class UI_Button : public UI_InteractiveControlView {
+ public:
+  UI_Button();
+  ~UI_Button() override;
+
+  // Value: whether it is on. Silent.
+  void SetValue(bool on);
+  bool GetValue() const { return mValue; }
+
+  // Behaviour
+  void SetButtonStyle(ButtonStyle style) { mStyle = style; }
+  /// A spring-loaded button is pressed only while held: it never stays on.
+  void SetSpringLoaded(bool springLoaded) { mSpringLoaded = springLoaded; }
+  bool IsSpringLoaded() const { return mSpringLoaded; }
+  /// Notifies at the press rather than at the release.
+  void SetNotifiesOnMouseDown(bool notifies) { mNotifiesOnMouseDown = notifies; }
+  /// Whether a press takes the focus, as at first, if the button wants it.
+  void SetChangeFocusOnClick(bool changes) { mChangeFocusOnClick = changes; }
+  /// Presses the button as a key would. Nothing happens while it is disabled.
+  void PerformClick();
+
+  // Appearance; all invalidate on a change.
+  /// The button that Enter means in its dialog.
+  void SetDefaultAppearance(bool isDefault);
+  bool GetDefaultAppearance() const { return mIsDefault; }
+  /// A frame even while idle, as at first.
+  void SetDisplayBorderAlways(bool displays);
+  bool ShouldDisplayBorderAlways() const { return mDisplayBorderAlways; }
+  void SetDisplayBorderNever(bool never);
+  /// A ground even while idle, as at first.
+  void SetDisplayContainerAlways(bool displays);
+  bool ShouldDisplayContainerAlways() const { return mDisplayContainerAlways; }
+  /// Widths of the frame: with the default appearance, and without. 2 and 1 at first.
+  void SetStrokeSizes(float withDefault, float withoutDefault);
+  std::pair<float, float> GetStrokeSizes() const { return mStrokeSizes; }
+  void SetContentOffset(PointT<float> offset);
+  PointT<float> GetContentOffset() const { return mContentOffset; }
+  /// How far the content moves while the button is down; (0, 0) at first.
+  void SetDownOffset(PointT<float> offset);
+  /// Empty: that of the skin set.
+  void SetCornerRadius(std::optional<float> radius);
+  void SetSuppressFocusDrawing(bool suppress);
+  void SetComponents(ButtonComponents const& components);
+  ButtonComponents const& GetComponents() const { return mComponents; }
+
+  /// What the button's own drawing is made with; a face is not among it.
+  virtual DrawButtonParameters GetDrawParameters() const;
+  /// Draws a button: ground, frame, focus ring, face.
+  static void Draw(scriber::Scriber* scriber, DrawButtonParameters const& parameters);
+
+  void UI_Draw(scriber::Scriber* scriber) const override;
+  PaddingT<float> UI_GetDrawOverhang() const override;
+  ExtentT<float> UI_GetRecommendedSize(scriber::Scriber* scriber) const override;
+  bool UI_DoMouseEvent(ui::UI_Node* node, ui::MouseEvent const& event) override;
+  bool UI_DoKeyboardEvent(ui::UI_Node* node, ui::KeyboardEvent const& event) override;
+  void UI_FocusChanged(ui::FocusChangeReason reason) override;
+  bool UI_InvalidateOnMouseOverChange(bool over) override;
+  ui::AccessibleRole UI_GetAccessibleRole() const override;
+  moxcore::Utf8String UI_GetAccessibleValue() const override;
+  ui::AccessibleState UI_GetAccessibleState() const override;
+  bool UI_DoAccessibleAction() override;
+
+ protected:
+  /// What is inside the frame. `rect` is the button's rectangle with the offsets of the moment.
+  virtual void DrawContent(scriber::Scriber* scriber, RectT<float> const& rect,
+                           DrawButtonParameters const& parameters) const;
+  /// The user has pressed it: by default turns a toggle and notifies.
+  virtual void Clicked();
+  bool ShowsFocusRing() const;
+  void TakeFocusForPress();
+  /// The shape of every setter that can be seen.
+  template <typename T>
+  bool StoreVisual(T& field, T const& value) {
+    if (field == value) {
+      return false;
+    }
+    field = value;
+    UI_Invalidate();
+    return true;
+  }
+  /// The same for the text that names the button.
+  void StoreLabel(moxcore::Utf16String& field, moxcore::Utf16String const& text);
+
+ private:
+  void BeginPress(ui::MouseEvent const& event);
+  void ContinuePress(ui::MouseEvent const& event);
+  void CancelPress();
+
+  ButtonComponents mComponents;
+  std::pair<float, float> mStrokeSizes{2.0f, 1.0f};
+  PointT<float> mContentOffset;
+  PointT<float> mDownOffset;
+  std::optional<float> mCornerRadius;
+  ButtonStyle mStyle = ButtonStyle::kPush;
+  FocusVisibility mFocusVisibility;
+  bool mValue = false;
+  bool mSpringLoaded = false;
+  bool mNotifiesOnMouseDown = false;
+  bool mChangeFocusOnClick = true;
+  bool mIsDefault = false;
+  bool mDisplayBorderAlways = true;
+  bool mDisplayBorderNever = false;
+  bool mDisplayContainerAlways = true;
+  bool mSuppressFocusDrawing = false;
+  bool mSpaceIsDown = false;
+};
+
+}  // namespace moxui::controls

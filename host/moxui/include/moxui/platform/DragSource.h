@@ -1,0 +1,15 @@
+#pragma once
+
+#include <moxui/ui/DragData.h>
+
+namespace moxui::platform {
+
+/// Takes data to other windows and programs under the pointer.
+class DragSource {
+ public:
+  virtual ~DragSource();
+  /// Runs until the drop. `effects` are the sums of ui::DropEffect offered; gives the one taken.
+  virtual int Drag(ui::UI_Node* source, ui::TransferData const& data, int effects) = 0;
+};
+
+}  // namespace moxui::platform

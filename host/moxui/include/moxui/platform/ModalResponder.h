@@ -1,0 +1,42 @@
+#pragma once
+
+#include <moxcore/string/String.h>
+#include <moxui/ui/OS_Menu.h>
+
+#include <optional>
+#include <vector>
+
+namespace moxui::ui {
+class UI_Node;
+}
+
+namespace moxui::platform {
+
+enum class ModalKind { kMessageBox, kInputBox, kDialog, kMenu, kFileDialog };
+
+/// A box that is about to open and wait.
+struct ModalRequest {
+  ModalKind kind = ModalKind::kMessageBox;
+  moxcore::Utf16String title{};
+  moxcore::Utf16String text{};
+  unsigned buttons = 0;  ///< of message and input boxes: the sum of their answers
+  int defaultAnswer = 0;
+  ui::UI_Node* content = nullptr;                           ///< of a dialog: its root node, to be driven
+  std::vector<ui::OS_MenuItem> const* menuItems = nullptr;  ///< of a menu
+  moxcore::Utf16String* editedText = nullptr;               ///< of an input box: may be changed
+  std::vector<moxcore::Utf8String>* files = nullptr;        ///< of a file dialog: to be filled
+};
+
+/// Answers modal boxes in place of the user. Whoever opens one asks here first; no answer has the box open.
+class ModalResponder {
+ public:
+  virtual ~ModalResponder();
+  /// A button, an answer of a dialog, a menu's id (0 for none), or not 0 for a file dialog that was accepted.
+  virtual std::optional<int> Answer(ModalRequest& request) = 0;
+};
+
+/// Null (as at first) for none; it stays its owner's. Gives the one before.
+ModalResponder* SetModalResponder(ModalResponder* responder);
+ModalResponder* GetModalResponder();
+
+}  // namespace moxui::platform

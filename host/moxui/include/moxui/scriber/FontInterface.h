@@ -1,0 +1,20 @@
+#pragma once
+
+#include <moxcore/utility/RefCountedObjectWithoutVirtualBase.h>
+
+#include <string_view>
+
+namespace moxui::scriber {
+
+/// A font at a size. All measures are logical pixels.
+class FontInterface : public moxcore::utility::RefCountedObjectWithoutVirtualBase {
+ public:
+  /// Height above and (positive) depth below the baseline.
+  virtual float GetAscent() const = 0;
+  virtual float GetDescent() const = 0;
+  /// Advance of the whole text in one line, fraction kept.
+  virtual float GetWidth(std::u16string_view text) const = 0;
+  virtual float GetSize() const = 0;
+};
+
+}  // namespace moxui::scriber

@@ -1,0 +1,90 @@
+#pragma once
+
+namespace moxui::skins {
+
+/// How large a control is beside others of its kind; medium is the size of a look's rows.
+enum class ComponentSize { kDefault = 0, kMedium = 1, kSmall = 2, kLarge = 3 };
+
+/// How much room a control leaves around its content.
+enum class ComponentDensity { kRegular = 0, kCompact = 1 };
+
+/// What a button stands for in the V7 look.
+enum class ButtonVariant { kPlain = 0, kPrimary = 1, kSecondary = 2, kNegative = 3 };
+
+// The mix-ins hold what archives and clients say about a control in the V7 look. All are plain values.
+
+class SizedComponent {
+ public:
+  void SetComponentSize(ComponentSize size) { mComponentSize = size; }
+  ComponentSize GetComponentSize() const { return mComponentSize; }
+
+ private:
+  ComponentSize mComponentSize = ComponentSize::kDefault;
+};
+
+/// A quiet control has no face of its own until the pointer comes.
+class QuietComponent {
+ public:
+  void SetQuiet(bool quiet) { mIsQuiet = quiet; }
+  bool IsQuiet() const { return mIsQuiet; }
+
+ private:
+  bool mIsQuiet = false;
+};
+
+class SelectableComponent {
+ public:
+  void SetSelected(bool selected) { mIsSelected = selected; }
+  bool IsSelected() const { return mIsSelected; }
+
+ private:
+  bool mIsSelected = false;
+};
+
+/// An emphasised control shows its selection in the interactive colour.
+class EmphasizedComponent {
+ public:
+  void SetEmphasized(bool emphasized) { mIsEmphasized = emphasized; }
+  bool IsEmphasized() const { return mIsEmphasized; }
+
+ private:
+  bool mIsEmphasized = false;
+};
+
+/// A hold icon, a small corner, tells that a longer press opens more.
+class HoldIconComponent {
+ public:
+  void SetShowHoldIcon(bool shows) { mShowsHoldIcon = shows; }
+  bool ShowsHoldIcon() const { return mShowsHoldIcon; }
+
+ private:
+  bool mShowsHoldIcon = false;
+};
+
+class DensityComponent {
+ public:
+  void SetDensity(ComponentDensity density) { mDensity = density; }
+  ComponentDensity GetDensity() const { return mDensity; }
+
+ private:
+  ComponentDensity mDensity = ComponentDensity::kRegular;
+};
+
+/// All that the V7 look wants to know of a button.
+class ButtonComponents : public SizedComponent,
+                         public QuietComponent,
+                         public SelectableComponent,
+                         public EmphasizedComponent,
+                         public HoldIconComponent,
+                         public DensityComponent {
+ public:
+  explicit ButtonComponents(ButtonVariant variant = ButtonVariant::kPlain) : mVariant(variant) {}
+
+  void SetVariant(ButtonVariant variant) { mVariant = variant; }
+  ButtonVariant GetVariant() const { return mVariant; }
+
+ private:
+  ButtonVariant mVariant;
+};
+
+}  // namespace moxui::skins

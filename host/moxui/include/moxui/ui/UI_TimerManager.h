@@ -1,0 +1,42 @@
+#pragma once
+
+#include <moxcore/utility/RefCountedWeakPtr.h>
+
+#include <utility>
+#include <vector>
+
+namespace moxui::ui {
+
+class NodeTree;
+class UI_Node;
+
+/// The timers of one tree. Periods are held to at least 10 ms; what was due several times over is told once.
+class UI_TimerManager {
+ public:
+  explicit UI_TimerManager(NodeTree& tree);
+
+  void InstallTimer(UI_Node* node, float milliseconds, int id);
+  void RemoveTimer(UI_Node* node, int id);
+  void RemoveTimers(UI_Node* node);
+  /// Removes a node's timers and gives them: id and period each.
+  std::vector<std::pair<int, float>> TakeTimers(UI_Node* node);
+  bool HasTimer(UI_Node const* node, int id) const;
+
+  /// When the next timer is due, by the tree's clock; below 0 for none.
+  double GetNextDue() const;
+  /// Tells the nodes whose time has come, in order of their times.
+  void FireDueTimers(double now);
+
+ private:
+  struct Timer {
+    moxcore::utility::RefCountedWeakPtr<UI_Node> node;
+    int id;
+    float period;
+    double due;
+  };
+
+  NodeTree& mTree;
+  std::vector<Timer> mTimers;
+};
+
+}  // namespace moxui::ui

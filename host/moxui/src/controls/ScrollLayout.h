@@ -1,0 +1,30 @@
+#pragma once
+
+#include <moxui/geometry/ExtentT.h>
+#include <moxui/geometry/PointT.h>
+#include <moxui/geometry/RectT.h>
+
+#include <functional>
+
+namespace moxui::controls {
+
+/// Where the parts of a scroll view lie. A bar's rectangle is empty where it isn't needed.
+struct ScrollLayout {
+  RectT<float> viewed;
+  RectT<float> barX;
+  RectT<float> barY;
+  ExtentT<float> content;
+
+  PointT<float> MaximumOffset() const;
+};
+
+/// `contentExtent` gives the content's extent for a width that is seen. A bar takes room, which may make the
+/// other one needed.
+ScrollLayout GetScrollLayout(ExtentT<float> extent, float thickness, bool allowsBarX, bool allowsBarY,
+                             std::function<ExtentT<float>(float width)> const& contentExtent);
+
+/// The offset nearest to `offset` at which a stretch is seen; its beginning, if it is longer than what is
+/// seen.
+float GetOffsetThatShows(float offset, float viewed, float begin, float length);
+
+}  // namespace moxui::controls

@@ -1,0 +1,55 @@
+#pragma once
+
+#include <moxui/controls/UI_StaticText.h>
+#include <moxui/controls/UI_TextButton.h>
+#include <moxui/dialogs/MessageBox.h>
+#include <moxui/ui/UI_SubView.h>
+
+#include <functional>
+#include <utility>
+#include <vector>
+
+namespace moxui::dialogs {
+
+/// What a message box says.
+struct MessageBoxContent {
+  moxcore::Utf16String title;
+  moxcore::Utf16String text;
+  unsigned buttons = DialogButton::kOk;
+  unsigned defaultButton = DialogButton::kOk;
+  messagebox::MessageIcon icon = messagebox::MessageIcon::kNone;
+};
+
+/// The answer that Escape and a close give.
+unsigned GetCancelAnswer(unsigned buttons);
+
+/// The inside of a message box: icon, wrapped text, a row of buttons at the right. Calls `answered` once a
+/// button was pressed, or a key that means one.
+class MessageBoxView : public ui::UI_SubView {
+ public:
+  MessageBoxView(MessageBoxContent content, std::function<void(unsigned answer)> answered);
+  ~MessageBoxView() override;
+
+  /// The size that the content wants; the view is laid out for it.
+  ExtentT<float> GetPreferredExtent() const { return mExtent; }
+  void FocusDefaultButton();
+
+  void UI_Draw(scriber::Scriber* scriber) const override;
+  ui::AccessibleRole UI_GetAccessibleRole() const override { return ui::AccessibleRole::kDialog; }
+  /// The title; what the box says is its description.
+  moxcore::Utf8String UI_GetAccessibleName() const override;
+  moxcore::Utf8String UI_GetAccessibleDescription() const override;
+  bool UI_DoPreKeyboardEvent(ui::UI_Node* node, ui::KeyboardEvent const& event) override;
+
+ private:
+  void AddButton(unsigned button, char const* label);
+  void Arrange();
+
+  MessageBoxContent mContent;
+  std::function<void(unsigned)> mAnswered;
+  moxcore::utility::IntrusivePtr<controls::UI_StaticText> mText;
+  std::vector<std::pair<unsigned, moxcore::utility::IntrusivePtr<controls::UI_TextButton>>> mButtons;
+  ExtentT<float> mExtent;
+};
+
+}  // namespace moxui::dialogs

@@ -1,0 +1,17 @@
+#include <moxui/dialogs/WindowVariant.h>
+#include <moxui/platform/Window.h>
+#include <moxui/ui/NodeTree.h>
+#include <moxui/ui/NodeTreeHost.h>
+#include <moxui/ui/UI_Node.h>
+
+namespace moxui::dialogs {
+
+WindowVariant::WindowVariant(ui::UI_Node* node) {
+  ui::NodeTree const* const tree = node != nullptr ? node->UI_GetTree() : nullptr;
+  if (tree != nullptr) {
+    // A tree's host is a window, or a stage that stands in for one.
+    mWindow = dynamic_cast<platform::Window*>(&tree->GetHost());
+  }
+}
+
+}  // namespace moxui::dialogs

@@ -1,0 +1,40 @@
+#include <moxui/platform/Application.h>
+#include <moxui/platform/Clipboard.h>
+#include <moxui/platform/CursorControl.h>
+#include <moxui/platform/DragSource.h>
+#include <moxui/platform/FileDialogs.h>
+#include <moxui/platform/MenuPresenter.h>
+#include <moxui/platform/ModalResponder.h>
+#include <moxui/platform/PaintTarget.h>
+#include <moxui/platform/TextEditor.h>
+#include <moxui/platform/Window.h>
+
+#include <utility>
+
+namespace moxui::platform {
+
+namespace {
+
+ModalResponder* gModalResponder = nullptr;
+
+}  // namespace
+
+Application::~Application() = default;
+Clipboard::~Clipboard() = default;
+CursorControl::~CursorControl() = default;
+DragSource::~DragSource() = default;
+FileDialogs::~FileDialogs() = default;
+MenuPresenter::~MenuPresenter() = default;
+ModalResponder::~ModalResponder() = default;
+PaintTarget::~PaintTarget() = default;
+TextEditor::~TextEditor() = default;
+Window::~Window() = default;
+
+ModalResponder* SetModalResponder(ModalResponder* responder) {
+  return std::exchange(gModalResponder, responder);
+}
+ModalResponder* GetModalResponder() {
+  return gModalResponder;
+}
+
+}  // namespace moxui::platform

@@ -1,0 +1,303 @@
+#include "WindowWidget.h"
+
+#include "EventTranslation.h"
+#include "QtTransfer.h"
+#include "QtWindow.h"
+
+#include <moxui/ui/DragData.h>
+#include <moxui/ui/KeyboardEvent.h>
+#include <moxui/ui/UI_DragDropHandler.h>
+
+#include <QDropEvent>
+#include <QInputMethodEvent>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QTabletEvent>
+#include <QTouchEvent>
+#include <QWheelEvent>
+#include <algorithm>
+
+namespace moxui::qt {
+
+namespace {
+
+/// How far content moves for one notch of a wheel, whose angle is 120 eighths of a degree.
+constexpr float kPixelsPerNotch = 48;
+constexpr float kAnglePerNotch = 120;
+
+PointT<float> ToPoint(QPointF point) {
+  return {static_cast<float>(point.x()), static_cast<float>(point.y())};
+}
+
+int ToEffect(Qt::DropAction action) {
+  switch (action) {
+    case Qt::CopyAction:
+      return ui::DropEffect::kCopy;
+    case Qt::MoveAction:
+      return ui::DropEffect::kMove;
+    case Qt::LinkAction:
+      return ui::DropEffect::kLink;
+    default:
+      return ui::DropEffect::kNone;
+  }
+}
+
+Qt::DropAction ToAction(int effect) {
+  switch (effect) {
+    case ui::DropEffect::kCopy:
+      return Qt::CopyAction;
+    case ui::DropEffect::kMove:
+      return Qt::MoveAction;
+    case ui::DropEffect::kLink:
+      return Qt::LinkAction;
+    default:
+      return Qt::IgnoreAction;
+  }
+}
+
+}  // namespace
+
+WindowWidget::WindowWidget(QtWindow& window, QWidget* parent, Qt::WindowFlags flags)
+    : QWidget(parent, flags), mWindow(window) {
+  setAttribute(Qt::WA_OpaquePaintEvent);
+  setAttribute(Qt::WA_NoSystemBackground);
+  setAttribute(Qt::WA_AcceptTouchEvents);
+  setMouseTracking(true);
+  setAcceptDrops(true);
+  setFocusPolicy(Qt::StrongFocus);
+}
+
+bool WindowWidget::event(QEvent* event) {
+  // Exceptions must not cross Qt's event loop: the application throws them on when the loop has ended.
+  try {
+    if (mWindow.FindTree() != nullptr && HandleEvent(*event)) {
+      return true;
+    }
+  } catch (...) {
+    mWindow.CatchException();
+    return true;
+  }
+  return QWidget::event(event);
+}
+
+bool WindowWidget::HandleEvent(QEvent& event) {
+  switch (event.type()) {
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonDblClick:
+      return HandleMouse(event, ui::PointerAction::kPress);
+    case QEvent::MouseButtonRelease:
+      return HandleMouse(event, ui::PointerAction::kRelease);
+    case QEvent::MouseMove:
+    case QEvent::Enter:
+      return HandleMouse(event, ui::PointerAction::kMove);
+    case QEvent::Leave:
+      mWindow.GetTree().HandlePointerLeft();
+      return true;
+    case QEvent::Wheel:
+      return HandleWheel(event);
+    case QEvent::TabletPress:
+    case QEvent::TabletMove:
+    case QEvent::TabletRelease:
+      return HandleTablet(static_cast<QTabletEvent&>(event));
+    case QEvent::TouchBegin:
+    case QEvent::TouchUpdate:
+    case QEvent::TouchEnd:
+      return HandleTouch(static_cast<QTouchEvent&>(event));
+    case QEvent::TouchCancel:
+      mWindow.GetTree().BlockByModal();
+      mWindow.GetTree().CheckSwallowedRelease();
+      return true;
+    case QEvent::KeyPress:
+    case QEvent::KeyRelease:
+      return HandleKey(event);
+    case QEvent::InputMethod:
+      return HandleInputMethod(event);
+    case QEvent::DragEnter:
+      return HandleDrag(event, ui::DragPhase::kEnter);
+    case QEvent::DragMove:
+      return HandleDrag(event, ui::DragPhase::kOver);
+    case QEvent::Drop:
+      return HandleDrag(event, ui::DragPhase::kDrop);
+    case QEvent::DragLeave:
+      return HandleDragLeave();
+    case QEvent::WindowActivate:
+      mWindow.GetTree().SetActive(true);
+      return false;
+    case QEvent::WindowDeactivate:
+      mWindow.GetTree().SetActive(false);
+      return false;
+    case QEvent::WindowBlocked:
+      mWindow.GetTree().BlockByModal();
+      return false;
+    case QEvent::WindowUnblocked:
+      mWindow.GetTree().CheckSwallowedRelease();
+      return false;
+    case QEvent::Resize:
+    case QEvent::ScreenChangeInternal:
+      mWindow.Resized();
+      return false;
+    case QEvent::Close:
+      event.setAccepted(mWindow.CloseRequested());
+      return true;
+    default:
+      return false;
+  }
+}
+
+bool WindowWidget::HandleMouse(QEvent& event, ui::PointerAction action) {
+  auto const& pointer = static_cast<QSinglePointEvent const&>(event);
+  ui::PointerInput input;
+  input.action = action;
+  input.position = ToPoint(pointer.position() / mWindow.GetZoom());
+  input.button = ToMouseButton(pointer.button());
+  input.modKeys = ToModKeys(pointer.modifiers());
+  input.osEvent = ui::OS_Event(&event);
+  if (action != ui::PointerAction::kMove && input.button == ui::MouseButton::kNone) {
+    return false;
+  }
+  mWindow.GetTree().HandlePointer(input);
+  return true;
+}
+
+bool WindowWidget::HandleWheel(QEvent& event) {
+  auto const& wheel = static_cast<QWheelEvent const&>(event);
+  ui::PointerInput input;
+  input.action = ui::PointerAction::kWheel;
+  input.position = ToPoint(wheel.position() / mWindow.GetZoom());
+  input.modKeys = ToModKeys(wheel.modifiers());
+  input.osEvent = ui::OS_Event(&event);
+  if (wheel.pixelDelta().isNull()) {
+    PointT<float> const angle = ToPoint(wheel.angleDelta());
+    input.wheelDistance = {angle.x / kAnglePerNotch * kPixelsPerNotch,
+                           angle.y / kAnglePerNotch * kPixelsPerNotch};
+  } else {
+    input.wheelDistance = ToPoint(QPointF(wheel.pixelDelta()) / mWindow.GetZoom());
+  }
+  mWindow.GetTree().HandlePointer(input);
+  return true;
+}
+
+bool WindowWidget::HandleTablet(QTabletEvent& event) {
+  ui::PointerInput input;
+  input.action = event.type() == QEvent::TabletPress     ? ui::PointerAction::kPress
+                 : event.type() == QEvent::TabletRelease ? ui::PointerAction::kRelease
+                                                         : ui::PointerAction::kMove;
+  input.position = ToPoint(event.position() / mWindow.GetZoom());
+  input.button = ToMouseButton(event.button());
+  input.modKeys = ToModKeys(event.modifiers());
+  input.subType = ui::PointerSubType::kPen;
+  input.osEvent = ui::OS_Event(&event);
+  mWindow.GetTree().HandlePointer(input);
+  event.accept();  // else the same comes again as a mouse event
+  return true;
+}
+
+bool WindowWidget::HandleTouch(QTouchEvent& event) {
+  event.accept();
+  if (event.points().isEmpty()) {
+    return true;
+  }
+  // The first finger points, others are left alone.
+  auto const& point = event.points().first();
+  ui::PointerInput input;
+  input.subType = ui::PointerSubType::kTouch;
+  input.position = ToPoint(point.position() / mWindow.GetZoom());
+  input.modKeys = ToModKeys(event.modifiers());
+  input.osEvent = ui::OS_Event(&event);
+  switch (point.state()) {
+    case QEventPoint::Pressed:
+      input.action = ui::PointerAction::kPress;
+      input.button = ui::MouseButton::kLeft;
+      break;
+    case QEventPoint::Released:
+      input.action = ui::PointerAction::kRelease;
+      input.button = ui::MouseButton::kLeft;
+      break;
+    case QEventPoint::Updated:
+      break;
+    default:
+      return true;
+  }
+  mWindow.GetTree().HandlePointer(input);
+  return true;
+}
+
+bool WindowWidget::HandleKey(QEvent& event) {
+  auto& key = static_cast<QKeyEvent&>(event);
+  key.setAccepted(mWindow.GetTree().HandleKey(ToKeyboardEvent(key)));
+  return true;
+}
+
+namespace {
+
+std::size_t CaretOf(QInputMethodEvent const& input) {
+  for (auto const& attribute : input.attributes()) {
+    if (attribute.type == QInputMethodEvent::Cursor) {
+      return static_cast<std::size_t>(std::max(attribute.start, 0));
+    }
+  }
+  return static_cast<std::size_t>(input.preeditString().size());
+}
+
+}  // namespace
+
+bool WindowWidget::HandleInputMethod(QEvent& event) {
+  auto& input = static_cast<QInputMethodEvent&>(event);
+  // What was unfinished goes first: a finished text takes its place.
+  if (moxcore::utility::IntrusivePtr<ui::UI_Node> const leaf = mWindow.GetTree().GetFocusLeaf()) {
+    leaf->UI_DoComposition(ToUtf16(input.preeditString()), CaretOf(input));
+  }
+  if (!input.commitString().isEmpty()) {
+    mWindow.GetTree().HandleKey({ui::KeyAction::kKeyDown,
+                                 ui::KeyboardCode::kNone,
+                                 {},
+                                 ToUtf16(input.commitString()),
+                                 false,
+                                 ui::OS_Event(&event)});
+  }
+  input.accept();
+  return true;
+}
+
+bool WindowWidget::HandleDrag(QEvent& event, ui::DragPhase phase) {
+  auto& drop = static_cast<QDropEvent&>(event);
+  ui::OS_ReceiveData dragged(FromMimeData(*drop.mimeData()), ToModKeys(drop.modifiers()));
+  int const effect = mWindow.GetTree().HandleDrag(phase, ToPoint(drop.position() / mWindow.GetZoom()),
+                                                  dragged, ToEffect(drop.proposedAction()));
+  drop.setDropAction(ToAction(effect));
+  // A refused enter would end the drag for this window: another view may want it further on.
+  drop.setAccepted(effect != ui::DropEffect::kNone || phase == ui::DragPhase::kEnter);
+  return true;
+}
+
+bool WindowWidget::HandleDragLeave() {
+  ui::OS_ReceiveData dragged{ui::TransferData{}};
+  mWindow.GetTree().HandleDrag(ui::DragPhase::kLeave, {}, dragged, ui::DropEffect::kNone);
+  return true;
+}
+
+void WindowWidget::paintEvent(QPaintEvent* event) {
+  QPainter painter(this);
+  painter.setCompositionMode(QPainter::CompositionMode_Source);
+  QImage const& picture = mWindow.GetPicture();
+  for (QRect const& rect : event->region()) {
+    QRectF const source(QPointF(rect.topLeft()) * picture.devicePixelRatio(),
+                        QSizeF(rect.size()) * picture.devicePixelRatio());
+    painter.drawImage(QRectF(rect), picture, source);
+  }
+}
+
+QVariant WindowWidget::inputMethodQuery(Qt::InputMethodQuery query) const {
+  if (query == Qt::ImCursorRectangle) {
+    if (ui::UI_Node const* const leaf = mWindow.GetTree().GetFocusLeaf()) {
+      RectT<float> const rect = leaf->UI_GetTextInputRect();
+      PointT<float> const place = leaf->UI_LocalToGlobalF(rect.TopLeft());
+      return QRectF(mapFromGlobal(QPointF(place.x, place.y)),
+                    QSizeF(rect.width, rect.height) * mWindow.GetZoom());
+    }
+  }
+  return QWidget::inputMethodQuery(query);
+}
+
+}  // namespace moxui::qt

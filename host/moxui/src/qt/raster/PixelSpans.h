@@ -1,0 +1,23 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+
+namespace moxui::qt {
+
+/// Work on pixels in a row, several at once. `force` is or'ed to each pixel written: the alpha of pixels that
+/// have to stay opaque, or 0.
+
+void StoreSpan(std::uint32_t* out, std::size_t count, std::uint32_t colour);
+
+/// Lays a premultiplied colour over pixels.
+void BlendSpan(std::uint32_t* out, std::size_t count, std::uint32_t colour, std::uint32_t force);
+
+/// Copies pixels whose alpha bytes mean nothing, as opaque ones.
+void CopyOpaqueSpan(std::uint32_t* out, std::uint32_t const* in, std::size_t count);
+
+/// The same, mixed with what is there: `opacity` of 255 parts of the new.
+void MixOpaqueSpan(std::uint32_t* out, std::uint32_t const* in, std::size_t count, unsigned opacity,
+                   std::uint32_t force);
+
+}  // namespace moxui::qt

@@ -1,0 +1,82 @@
+#include "DispatchScope.h"
+
+#include <moxui/ui/NodeTree.h>
+#include <moxui/ui/NodeTreeHost.h>
+#include <moxui/ui/UI_Node.h>
+#include <moxui/ui/UI_TimerManager.h>
+
+#include <algorithm>
+
+namespace moxui::ui {
+
+namespace {
+
+constexpr float kShortestPeriod = 10;
+
+}  // namespace
+
+UI_TimerManager::UI_TimerManager(NodeTree& tree) : mTree(tree) {}
+
+void UI_TimerManager::InstallTimer(UI_Node* node, float milliseconds, int id) {
+  RemoveTimer(node, id);
+  // Not a number counts as the shortest, too.
+  float const period = milliseconds > kShortestPeriod ? milliseconds : kShortestPeriod;
+  mTimers.push_back({moxcore::utility::RefCountedWeakPtr<UI_Node>(node), id, period,
+                     mTree.GetHost().GetTime() + static_cast<double>(period)});
+  mTree.ScheduleWakeUp();
+}
+
+void UI_TimerManager::RemoveTimer(UI_Node* node, int id) {
+  std::erase_if(mTimers, [&](Timer const& timer) { return timer.id == id && timer.node.Lock() == node; });
+  mTree.ScheduleWakeUp();
+}
+
+void UI_TimerManager::RemoveTimers(UI_Node* node) {
+  std::erase_if(mTimers, [&](Timer const& timer) { return timer.node.Lock() == node; });
+  mTree.ScheduleWakeUp();
+}
+
+std::vector<std::pair<int, float>> UI_TimerManager::TakeTimers(UI_Node* node) {
+  std::vector<std::pair<int, float>> taken;
+  for (auto const& timer : mTimers) {
+    if (timer.node.Lock() == node) {
+      taken.emplace_back(timer.id, timer.period);
+    }
+  }
+  if (!taken.empty()) {
+    RemoveTimers(node);
+  }
+  return taken;
+}
+
+bool UI_TimerManager::HasTimer(UI_Node const* node, int id) const {
+  return std::ranges::any_of(
+      mTimers, [&](Timer const& timer) { return timer.id == id && timer.node.Lock().Get() == node; });
+}
+
+double UI_TimerManager::GetNextDue() const {
+  auto const next = std::ranges::min_element(mTimers, {}, &Timer::due);
+  return next == mTimers.end() ? -1 : next->due;
+}
+
+void UI_TimerManager::FireDueTimers(double now) {
+  DispatchScope const scope(mTree);
+  std::erase_if(mTimers, [](Timer const& timer) { return timer.node.IsExpired(); });
+  auto due = mTimers;
+  std::erase_if(due, [&](Timer const& timer) { return timer.due > now; });
+  std::ranges::stable_sort(due, {}, &Timer::due);
+  for (auto const& timer : due) {
+    auto const node = timer.node.Lock();
+    // A timer that fired before may have removed this one, or started it anew.
+    auto const held = std::ranges::find_if(mTimers, [&](Timer const& one) {
+      return one.node == timer.node && one.id == timer.id && one.due == timer.due;
+    });
+    if (!node || held == mTimers.end()) {
+      continue;
+    }
+    held->due = std::max(timer.due + static_cast<double>(timer.period), now);
+    node->UI_DoTimerNotify(timer.id);
+  }
+}
+
+}  // namespace moxui::ui

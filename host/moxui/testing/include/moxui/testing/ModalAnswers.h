@@ -1,0 +1,46 @@
+#pragma once
+
+#include <moxui/platform/ModalResponder.h>
+
+#include <deque>
+#include <functional>
+#include <vector>
+
+namespace moxui::testing {
+
+/// What a box asked, kept after it closed.
+struct ModalRecord {
+  platform::ModalKind kind = platform::ModalKind::kMessageBox;
+  moxcore::Utf16String title{};
+  moxcore::Utf16String text{};
+  std::vector<ui::OS_MenuItem> menuItems{};
+  int answer = 0;
+};
+
+/// Answers modal boxes for a test, while it lives. Answers are given in the order in which they were set up;
+/// a box without one is answered 0 (or its cancel, see `SetDefault`) and recorded, so that no test ever
+/// waits.
+class ModalAnswers : public platform::ModalResponder {
+ public:
+  using Function = std::function<int(platform::ModalRequest&)>;
+
+  ModalAnswers();
+  ~ModalAnswers() override;
+
+  void Expect(int answer);
+  /// Drives the box (a dialog's content, an input box's text) and gives its answer.
+  void Expect(Function function);
+  void SetDefault(int answer) { mDefault = answer; }
+  std::vector<ModalRecord> const& GetRecords() const { return mRecords; }
+  bool AllUsed() const { return mAnswers.empty(); }
+
+  std::optional<int> Answer(platform::ModalRequest& request) override;
+
+ private:
+  platform::ModalResponder* mPrevious;
+  std::deque<Function> mAnswers;
+  std::vector<ModalRecord> mRecords;
+  int mDefault = 0;
+};
+
+}  // namespace moxui::testing

@@ -1,0 +1,43 @@
+#include <moxui/testing/ModalAnswers.h>
+
+#include <utility>
+
+namespace moxui::testing {
+
+ModalAnswers::ModalAnswers() : mPrevious(platform::SetModalResponder(this)) {}
+
+ModalAnswers::~ModalAnswers() {
+  platform::SetModalResponder(mPrevious);
+}
+
+void ModalAnswers::Expect(int answer) {
+  mAnswers.emplace_back([answer](platform::ModalRequest&) { return answer; });
+}
+
+void ModalAnswers::Expect(Function function) {
+  mAnswers.push_back(std::move(function));
+}
+
+std::optional<int> ModalAnswers::Answer(platform::ModalRequest& request) {
+  ModalRecord record;
+  record.kind = request.kind;
+  record.title = request.title;
+  record.text = request.text;
+  record.answer = mDefault;
+  if (request.menuItems != nullptr) {
+    record.menuItems = *request.menuItems;
+  }
+  std::size_t const place = mRecords.size();
+  mRecords.push_back(std::move(record));
+  if (!mAnswers.empty()) {
+    // Taken out first: while it drives a dialog it may meet further boxes.
+    Function const function = std::move(mAnswers.front());
+    mAnswers.pop_front();
+    int const answer = function(request);
+    mRecords[place].answer = answer;
+    return answer;
+  }
+  return mDefault;
+}
+
+}  // namespace moxui::testing

@@ -1,0 +1,87 @@
+#include <moxui/dialogs/MessageBox.h>
+#include <moxui/platform/Application.h>
+#include <moxui/testing/ModalAnswers.h>
+#include <moxui/ui/KeyboardEvent.h>
+#include <moxui/ui/NodeTree.h>
+#include <moxui/ui/UI_Container.h>
+#include <moxui/ui/UI_NodeManager.h>
+
+#include <gtest/gtest.h>
+
+#include <functional>
+
+namespace moxui::dialogs {
+namespace {
+
+using messagebox::MessageIcon;
+using testing::ModalAnswers;
+using ui::KeyboardCode;
+
+constexpr unsigned kYesNo = DialogButton::kYes | DialogButton::kNo;
+
+unsigned Ask(unsigned buttons, unsigned defaultButton) {
+  return messagebox::Messagebox(nullptr, u"Presets", u"Delete the preset 'Mine'?", buttons, defaultButton,
+                                MessageIcon::kQuestion, {});
+}
+
+// Runs while a box is open, on the box's tree.
+void OnceOpen(std::function<void(ui::NodeTree&)> act) {
+  platform::Application::Get()->PostDelayed(
+      0, [act = std::move(act)] { act(*ui::UI_NodeManager::Get(false)->GetTrees().back()); });
+}
+
+void PressKey(ui::NodeTree& tree, KeyboardCode code) {
+  tree.HandleKey(ui::KeyboardEvent(ui::KeyAction::kKeyDown, code));
+  tree.HandleKey(ui::KeyboardEvent(ui::KeyAction::kKeyUp, code));
+}
+
+TEST(MessageBox, IsAnsweredByATestWithWhatItAsks) {
+  ModalAnswers answers;
+  answers.Expect(static_cast<int>(DialogButton::kYes));
+  EXPECT_EQ(Ask(80, 16), 16u);
+  ASSERT_EQ(answers.GetRecords().size(), 1u);
+  EXPECT_EQ(answers.GetRecords()[0].title, u"Presets");
+  EXPECT_EQ(answers.GetRecords()[0].text, u"Delete the preset 'Mine'?");
+}
+
+TEST(MessageBox, EnterMeansTheDefaultButton) {
+  OnceOpen([](ui::NodeTree& tree) { PressKey(tree, KeyboardCode::kReturn); });
+  EXPECT_EQ(Ask(kYesNo, DialogButton::kYes), DialogButton::kYes);
+  OnceOpen([](ui::NodeTree& tree) { PressKey(tree, KeyboardCode::kReturn); });
+  EXPECT_EQ(Ask(kYesNo, DialogButton::kNo), DialogButton::kNo);
+}
+
+TEST(MessageBox, EscapeMeansNoWhereThereIsNoCancel) {
+  OnceOpen([](ui::NodeTree& tree) { PressKey(tree, KeyboardCode::kEscape); });
+  EXPECT_EQ(Ask(kYesNo, DialogButton::kYes), DialogButton::kNo);
+  OnceOpen([](ui::NodeTree& tree) { PressKey(tree, KeyboardCode::kEscape); });
+  EXPECT_EQ(Ask(kYesNo | DialogButton::kCancel, DialogButton::kYes), DialogButton::kCancel);
+}
+
+TEST(MessageBox, ButtonsAreReachedByTabAndPressedBySpace) {
+  OnceOpen([](ui::NodeTree& tree) {
+    PressKey(tree, KeyboardCode::kTab);
+    PressKey(tree, KeyboardCode::kSpace);
+  });
+  EXPECT_EQ(Ask(kYesNo, DialogButton::kYes), DialogButton::kNo);
+}
+
+TEST(MessageBox, AStopBoxIsAnsweredByATest) {
+  ModalAnswers answers;
+  messagebox::ShowStop(nullptr, u"Presets", u"The preset 'Mine' did not load correctly.", {});
+  ASSERT_EQ(answers.GetRecords().size(), 1u);
+  EXPECT_EQ(answers.GetRecords()[0].text, u"The preset 'Mine' did not load correctly.");
+}
+
+TEST(MessageBox, AStopBoxHasATextAndOneButton) {
+  std::size_t children = 0;
+  OnceOpen([&](ui::NodeTree& tree) {
+    children = tree.GetRoot()->UI_GetContainer()->ChildSize();
+    PressKey(tree, KeyboardCode::kEscape);
+  });
+  messagebox::ShowStop(nullptr, u"Presets", u"The preset 'Mine' did not load correctly.", {});
+  EXPECT_EQ(children, 2u);
+}
+
+}  // namespace
+}  // namespace moxui::dialogs

@@ -1,0 +1,194 @@
+#include "LoggingNode.h"
+
+#include <moxui/platform/Application.h>
+#include <moxui/platform/FileDialogs.h>
+#include <moxui/testing/ModalAnswers.h>
+#include <moxui/ui/OS_Menu.h>
+
+#include <gmock/gmock.h>
+
+#include <QApplication>
+#include <QInputMethodEvent>
+#include <QKeyEvent>
+#include <QMenu>
+#include <QPointingDevice>
+#include <QTabletEvent>
+#include <QWidget>
+
+namespace moxui {
+namespace {
+
+using moxcore::utility::MakeIntrusive;
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+using ui::KeyboardCode;
+
+platform::Application& App() {
+  return *platform::Application::Get();
+}
+
+class KeyNode : public ui::UI_SubView {
+ public:
+  bool UI_DoKeyboardEvent(ui::UI_Node*, ui::KeyboardEvent const& event) override {
+    keys.push_back(event);
+    return true;
+  }
+  std::vector<ui::KeyboardEvent> keys;
+};
+
+class NativeKeys : public ::testing::Test {
+ protected:
+  NativeKeys() { window->GetTree().SetRoot(node); }
+  QWidget& Widget() { return *static_cast<QWidget*>(window->GetNativeHandle()); }
+
+  ui::KeyboardEvent Send(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier, QString const& text = {},
+                         QEvent::Type type = QEvent::KeyPress) {
+    QKeyEvent event(type, key, modifiers, text);
+    QApplication::sendEvent(&Widget(), &event);
+    return node->keys.back();
+  }
+
+  std::unique_ptr<platform::Window> window = App().CreateWindow({.size = {80, 60}});
+  moxcore::utility::IntrusivePtr<KeyNode> node = MakeIntrusive<KeyNode>();
+};
+
+TEST_F(NativeKeys, AreToldByTheirCodes) {
+  EXPECT_EQ(Send(Qt::Key_A).GetCode(), KeyboardCode::kA);
+  EXPECT_EQ(Send(Qt::Key_Z).GetCode(), KeyboardCode::kZ);
+  EXPECT_EQ(Send(Qt::Key_0).GetCode(), KeyboardCode::k0);
+  EXPECT_EQ(Send(Qt::Key_9).GetCode(), KeyboardCode::k9);
+  EXPECT_EQ(Send(Qt::Key_F12).GetCode(), KeyboardCode::kF12);
+  EXPECT_EQ(Send(Qt::Key_Space).GetCode(), KeyboardCode::kSpace);
+  EXPECT_EQ(Send(Qt::Key_Backtab, Qt::ShiftModifier).GetCode(), KeyboardCode::kTab);
+  EXPECT_EQ(Send(Qt::Key_Return, Qt::KeypadModifier).GetCode(), KeyboardCode::kEnter);
+  EXPECT_EQ(Send(Qt::Key_PageDown).GetCode(), KeyboardCode::kPageDown);
+  EXPECT_EQ(Send(Qt::Key_MediaPlay).GetCode(), KeyboardCode::kNone);
+}
+
+TEST_F(NativeKeys, CarryModifiersAndTextAndDirection) {
+  auto const pressed = Send(Qt::Key_E, Qt::ControlModifier | Qt::AltModifier, "e");
+  EXPECT_EQ(pressed.GetModKey(), ui::ModKeys(ui::ModKey::kCommand | ui::ModKey::kOption));
+  EXPECT_EQ(pressed.GetText(), u"e");
+  EXPECT_TRUE(pressed.IsAction(ui::KeyAction::kKeyDown));
+
+  EXPECT_TRUE(Send(Qt::Key_E, Qt::MetaModifier, {}, QEvent::KeyRelease).IsAction(ui::KeyAction::kKeyUp));
+  EXPECT_EQ(node->keys.back().GetModKey(), ui::ModKeys(ui::ModKey::kControl));
+}
+
+TEST_F(NativeKeys, TakeTextOfAnInputMethod) {
+  QInputMethodEvent event;
+  event.setCommitString(QString::fromUtf8("字"));
+
+  QApplication::sendEvent(&Widget(), &event);
+
+  ASSERT_EQ(node->keys.size(), 1u);
+  EXPECT_EQ(node->keys[0].GetCode(), KeyboardCode::kNone);
+  EXPECT_EQ(node->keys[0].GetText(), u"字");
+}
+
+TEST(NativePen, IsAPointerOfItsOwnKind) {
+  Log log;
+  auto const window = App().CreateWindow({.size = {80, 60}});
+  auto const root = MakeIntrusive<LoggingNode>(log, "root");
+  root->takes = true;
+  window->GetTree().SetRoot(root);
+  auto& widget = *static_cast<QWidget*>(window->GetNativeHandle());
+  QTabletEvent press(QEvent::TabletPress, QPointingDevice::primaryPointingDevice(), {10, 20},
+                     widget.mapToGlobal(QPointF(10, 20)), 0.5, 0, 0, 0, 0, 0, Qt::ShiftModifier,
+                     Qt::LeftButton, Qt::LeftButton);
+
+  QApplication::sendEvent(&widget, &press);
+
+  EXPECT_EQ(log.back(), "root press");
+  EXPECT_EQ(root->lastSubType, ui::PointerSubType::kPen);
+  EXPECT_EQ(root->lastModKeys, ui::ModKeys(ui::ModKey::kShift));
+  EXPECT_EQ(root->lastClickCount, 1);
+  EXPECT_TRUE(press.isAccepted());
+}
+
+class NativeMenu : public ::testing::Test {
+ protected:
+  NativeMenu() {
+    window->Show();
+    App().ProcessEvents();
+    menu->AddItem(1, u"Bars & beats");
+    menu->AddSeparator();
+    menu->AddItem(2, u"Frames");
+    menu->CheckItem(2, true);
+  }
+
+  std::unique_ptr<platform::Window> window = App().CreateWindow({.size = {80, 60}});
+  moxcore::utility::IntrusivePtr<ui::OS_Menu> menu = ui::CreateOSMenu();
+};
+
+TEST_F(NativeMenu, GivesTheIdOfTheItemThatTheUserChose) {
+  QStringList texts;
+  bool isChecked = false;
+  App().PostDelayed(0, [&] {
+    auto* const open = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    ASSERT_NE(open, nullptr);
+    for (QAction const* const action : open->actions()) {
+      texts.push_back(action->text());
+    }
+    isChecked = open->actions().last()->isChecked();
+    open->setActiveAction(open->actions().last());
+    QKeyEvent enter(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
+    QApplication::sendEvent(open, &enter);
+  });
+
+  EXPECT_EQ(menu->Popup({20, 20}), 2);
+
+  EXPECT_EQ(texts, QStringList({"Bars && beats", "", "Frames"}));
+  EXPECT_TRUE(isChecked);
+}
+
+TEST_F(NativeMenu, GivesNoneWhenItIsClosed) {
+  App().PostDelayed(0, [] { QApplication::activePopupWidget()->close(); });
+
+  EXPECT_EQ(menu->Popup({20, 20}), 0);
+}
+
+TEST(FileDialogs, AreAnsweredForATest) {
+  testing::ModalAnswers answers;
+  answers.Expect([](platform::ModalRequest& request) {
+    EXPECT_EQ(request.kind, platform::ModalKind::kFileDialog);
+    EXPECT_EQ(request.title, u"Open sound");
+    request.files->push_back("/clips/a.wav");
+    return 1;
+  });
+
+  EXPECT_THAT(App().GetFileDialogs().AskForFilesToOpen({.title = u"Open sound"}),
+              ElementsAre("/clips/a.wav"));
+  EXPECT_THAT(App().GetFileDialogs().AskForFilesToOpen({.title = u"Again"}), IsEmpty());
+  EXPECT_EQ(App().GetFileDialogs().AskForFileToSave({}), "");
+  EXPECT_EQ(App().GetFileDialogs().AskForDirectory({}), "");
+  EXPECT_EQ(answers.GetRecords().size(), 4u);
+}
+
+TEST(ModalAnswers, GiveTheOneBeforeBackAtTheirEnd) {
+  auto* const before = platform::GetModalResponder();
+  {
+    testing::ModalAnswers outer;
+    {
+      testing::ModalAnswers inner;
+      EXPECT_EQ(platform::GetModalResponder(), &inner);
+    }
+    EXPECT_EQ(platform::GetModalResponder(), &outer);
+  }
+
+  EXPECT_EQ(platform::GetModalResponder(), before);
+}
+
+TEST(ModalAnswers, AreGivenInOrderAndThenTheDefault) {
+  testing::ModalAnswers answers;
+  answers.Expect(16);
+  answers.SetDefault(64);
+  platform::ModalRequest request;
+
+  EXPECT_EQ(answers.Answer(request), 16);
+  EXPECT_TRUE(answers.AllUsed());
+  EXPECT_EQ(answers.Answer(request), 64);
+}
+
+}  // namespace
+}  // namespace moxui

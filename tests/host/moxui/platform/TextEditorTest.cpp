@@ -1,0 +1,159 @@
+#include <moxui/platform/Application.h>
+#include <moxui/platform/Clipboard.h>
+#include <moxui/platform/TextEditor.h>
+#include <moxui/ui/KeyboardEvent.h>
+
+#include <gmock/gmock.h>
+
+namespace moxui {
+namespace {
+
+using platform::EditCommand;
+using platform::TextSelection;
+using ui::KeyboardCode;
+
+class TextEditor : public ::testing::Test {
+ protected:
+  bool Key(KeyboardCode code, ui::ModKeys modKeys = {}, moxcore::Utf16String const& text = {}) {
+    return editor->HandleKey({ui::KeyAction::kKeyDown, code, modKeys, text});
+  }
+  void Type(std::u16string_view text) {
+    for (char16_t const unit : text) {
+      Key(KeyboardCode::kNone, {}, moxcore::Utf16String(1, unit));
+    }
+  }
+
+  std::unique_ptr<platform::TextEditor> editor = platform::Application::Get()->NewTextEditor(false);
+};
+
+TEST_F(TextEditor, TypesAtTheCaret) {
+  editor->SetText(u"01:00");
+  EXPECT_EQ(editor->GetSelection(), (TextSelection{5, 5}));
+
+  Type(u":24");
+  Key(KeyboardCode::kHome);
+  Type(u"9");
+
+  EXPECT_EQ(editor->GetText(), u"901:00:24");
+}
+
+TEST_F(TextEditor, ReplacesTheSelection) {
+  editor->SetText(u"keyword");
+  editor->Perform(EditCommand::kSelectAll);
+  EXPECT_EQ(editor->GetSelection().Begin(), 0u);
+  EXPECT_EQ(editor->GetSelection().End(), 7u);
+
+  Type(u"k");
+
+  EXPECT_EQ(editor->GetText(), u"k");
+}
+
+TEST_F(TextEditor, DeletesBothWays) {
+  editor->SetText(u"abc");
+  Key(KeyboardCode::kBackspace);
+  editor->SetSelection({0, 0});
+  Key(KeyboardCode::kDelete);
+
+  EXPECT_EQ(editor->GetText(), u"b");
+}
+
+TEST_F(TextEditor, ExtendsTheSelectionWithShift) {
+  editor->SetText(u"abc");
+
+  Key(KeyboardCode::kLeft, ui::ModKey::kShift);
+
+  EXPECT_EQ(editor->GetSelection(), (TextSelection{3, 2}));
+}
+
+TEST_F(TextEditor, LeavesReturnEscapeAndTabToItsOwner) {
+  EXPECT_FALSE(Key(KeyboardCode::kReturn));
+  EXPECT_FALSE(Key(KeyboardCode::kEscape));
+  EXPECT_FALSE(Key(KeyboardCode::kTab));
+  EXPECT_EQ(editor->GetText(), u"");
+}
+
+TEST_F(TextEditor, UndoesAndRedoes) {
+  editor->SetText(u"a");
+  Type(u"b");
+
+  editor->Perform(EditCommand::kUndo);
+  EXPECT_EQ(editor->GetText(), u"a");
+  editor->Perform(EditCommand::kRedo);
+  EXPECT_EQ(editor->GetText(), u"ab");
+  editor->SetText(u"new");
+  editor->Perform(EditCommand::kUndo);
+  EXPECT_EQ(editor->GetText(), u"new");
+}
+
+TEST_F(TextEditor, CutsCopiesAndPastes) {
+  editor->SetText(u"left right");
+  editor->SetSelection({0, 4});
+  editor->Perform(EditCommand::kCut);
+  EXPECT_EQ(platform::Application::Get()->GetClipboard().GetData().text, u"left");
+  editor->SetSelection({6, 6});
+
+  Key(KeyboardCode::kV, ui::ModKey::kCommand);
+
+  EXPECT_EQ(editor->GetText(), u" rightleft");
+}
+
+TEST_F(TextEditor, KeepsToOneLine) {
+  platform::Application::Get()->GetClipboard().SetData({.text = u"one\ntwo"});
+
+  editor->Perform(EditCommand::kPaste);
+
+  EXPECT_EQ(editor->GetText(), u"one two");
+}
+
+TEST_F(TextEditor, OfSeveralLinesTakesReturn) {
+  editor = platform::Application::Get()->NewTextEditor(true);
+  editor->SetText(u"a");
+
+  EXPECT_TRUE(Key(KeyboardCode::kReturn, {}, u"\r"));
+  Type(u"b");
+
+  EXPECT_EQ(editor->GetText(), u"a\nb");
+}
+
+TEST_F(TextEditor, HoldsToItsLongestLength) {
+  editor->SetMaxLength(3);
+  editor->SetText(u"abcdef");
+  EXPECT_EQ(editor->GetText(), u"abc");
+
+  Type(u"d");
+
+  EXPECT_EQ(editor->GetText(), u"abc");
+}
+
+TEST_F(TextEditor, ChangesNothingWhenReadOnly) {
+  editor->SetText(u"abc");
+  editor->SetReadOnly(true);
+
+  Type(u"d");
+  Key(KeyboardCode::kBackspace);
+  editor->Perform(EditCommand::kPaste);
+  editor->Perform(EditCommand::kCut);
+
+  EXPECT_EQ(editor->GetText(), u"abc");
+}
+
+TEST_F(TextEditor, TellsOfChangesByTheUserOnly) {
+  int changes = 0;
+  editor->SetChangedFunction([&] { ++changes; });
+
+  editor->SetText(u"abc");
+  EXPECT_EQ(changes, 0);
+  Type(u"d");
+  EXPECT_EQ(changes, 1);
+  Key(KeyboardCode::kLeft);
+  EXPECT_EQ(changes, 2);
+}
+
+TEST_F(TextEditor, FindsTheWordAtAPlace) {
+  editor->SetText(u"left right");
+
+  EXPECT_EQ(editor->GetWordAt(7), (TextSelection{5, 10}));
+}
+
+}  // namespace
+}  // namespace moxui

@@ -1,0 +1,124 @@
+#include "../controls/RunningLook.h"
+
+#include <moxcore/utility/IntrusivePtr.h>
+#include <moxui/controls/UI_StaticText.h>
+#include <moxui/skins/Theme.h>
+#include <moxui/skins/ThemeColors.h>
+#include <moxui/testing/Stage.h>
+#include <moxui/ui/UI_SubView.h>
+
+#include <gtest/gtest.h>
+
+namespace moxui::ui {
+namespace {
+
+using moxcore::utility::IntrusivePtr;
+using moxcore::utility::MakeIntrusive;
+using testing::RunningLook;
+
+constexpr ColorRGBA kOrange{1.0f, 0.5f, 0.0f, 1.0f};
+
+struct Family {
+  IntrusivePtr<UI_SubView> parent = MakeIntrusive<UI_SubView>();
+  IntrusivePtr<UI_SubView> child = MakeIntrusive<UI_SubView>();
+  Family() { parent->ChildPushBack(child); }
+};
+
+TEST(ThemeClient, CustomColoursAreSeenByDescendants) {
+  Family const family;
+  family.parent->SetCustomThemeColor(ThemeColorID::kTableEdgeLine, kOrange);
+  EXPECT_EQ(family.child->GetColor(ThemeColorID::kTableEdgeLine), kOrange);
+  EXPECT_EQ(GetColor(family.child->UI_GetColorFromChangeMap(324)), kOrange);
+  EXPECT_EQ(family.child->GetThemeColor(ThemeColorID::kTableEdgeLine), GetColor(324u));
+  EXPECT_NE(family.child->GetColor(ThemeColorID::kTableText), kOrange);
+}
+
+TEST(ThemeClient, ClearedCustomColoursAreTheThemesAgain) {
+  Family const family;
+  family.parent->SetCustomThemeColor(ThemeColorID::kTableText, kOrange);
+  family.parent->ClearCustomThemeColor(ThemeColorID::kTableText);
+  EXPECT_EQ(family.child->GetColor(ThemeColorID::kTableText), GetColor(253u));
+}
+
+TEST(ThemeClient, MappingsToOtherRolesFollowTheTheme) {
+  Family const family;
+  family.child->SetCustomThemeColor(ThemeColorID::kTableText, ThemeColorID::kInteractive);
+  for (ThemeID const id : {ThemeID::kDark, ThemeID::kLight}) {
+    RunningLook const look(true, id);
+    EXPECT_EQ(family.child->GetColor(ThemeColorID::kTableText), GetColor(ThemeColorID::kInteractive));
+  }
+}
+
+TEST(ThemeClient, MappingsOfAncestorsApplyToTheResultOfNearerOnes) {
+  Family const family;
+  family.child->SetCustomThemeColor(ThemeColorID::kTableText, ThemeColorID::kInteractive);
+  family.parent->SetCustomThemeColor(ThemeColorID::kInteractive, kOrange);
+  EXPECT_EQ(family.child->GetColor(ThemeColorID::kTableText), kOrange);
+}
+
+TEST(ThemeClient, IsAProviderThatSeesItsCustomColours) {
+  Family const family;
+  family.parent->SetCustomThemeColor(ThemeColorID::kDefaultText, kOrange);
+  EXPECT_EQ(skins::utilities::GetDefaultTextColor(family.child.Get()), kOrange);
+  EXPECT_NE(skins::utilities::GetDefaultTextColor(nullptr), kOrange);
+}
+
+TEST(ThemeClient, CustomFontSizesAreSeenByDescendants) {
+  Family const family;
+  EXPECT_FLOAT_EQ(family.child->GetThemeFontSize(FontIndex::kSmall), 11.0f);
+  family.parent->SetCustomFontSize(15.0f);
+  EXPECT_FLOAT_EQ(family.child->GetThemeFontSize(FontIndex::kSmall), 15.0f);
+  family.child->SetCustomFontSize(9.0f);
+  EXPECT_FLOAT_EQ(family.child->GetThemeFontSize(FontIndex::kText), 9.0f);
+  family.child->ClearCustomFontSize();
+  EXPECT_FLOAT_EQ(family.child->GetThemeFontSize(FontIndex::kText), 15.0f);
+  family.parent->ClearCustomFontSize();
+  EXPECT_FLOAT_EQ(family.child->GetThemeFontSize(FontIndex::kText), 12.0f);
+}
+
+TEST(ThemeClient, StringsNameThemeAndFonts) {
+  RunningLook const look(true, ThemeID::kLight);
+  Family const family;
+  EXPECT_EQ(family.child->GetString(ThemeStringID::kThemeName), "Light");
+  EXPECT_EQ(family.child->GetString(ThemeStringID::kTextFontName), "Open Sans");
+}
+
+TEST(SkinSetClient, CustomSetsAreSeenByDescendants) {
+  RunningLook const look(true);
+  Family const family;
+  EXPECT_TRUE(family.child->UI_GetCurrentSkinSet().IsV7OrBeyond());
+  family.parent->SetCustomSkin(skins::SkinSet::Get(false));
+  EXPECT_FALSE(family.child->UI_GetCurrentSkinSet().IsV7OrBeyond());
+  family.child->SetCustomSkin(skins::SkinSet::Get(true));
+  EXPECT_TRUE(family.child->UI_GetCurrentSkinSet().IsV7OrBeyond());
+  family.child->ClearCustomSkin();
+  family.parent->ClearCustomSkin();
+  EXPECT_TRUE(family.child->UI_GetCurrentSkinSet().IsV7OrBeyond());
+}
+
+TEST(SkinSetClient, ASwitchOfThemeOrLookReachesTheNodesOfATreeAndRepaintsIt) {
+  class Watcher : public UI_SubView {
+   public:
+    void UI_SkinSetUpdated() override { ++updates; }
+    int updates = 0;
+  };
+  RunningLook const look(true, ThemeID::kDark);
+  testing::Stage stage(ExtentT<float>(40, 40));
+  auto const watcher = MakeIntrusive<Watcher>();
+  stage.GetRootView().ChildPushBack(watcher);
+  stage.PaintFrame();
+  int const updates = watcher->updates;
+  SetCurrentTheme(ThemeID::kLight);
+  EXPECT_EQ(watcher->updates, updates + 1);
+  EXPECT_TRUE(stage.GetTree().NeedsFrame());
+}
+
+TEST(ThemeClient, ACustomColourInvalidatesWhatSeesIt) {
+  testing::Stage stage(ExtentT<float>(40, 40));
+  stage.PaintFrame();
+  stage.GetRootView().SetCustomThemeColor(ThemeColorID::kDefaultText, kOrange);
+  EXPECT_TRUE(stage.GetTree().NeedsFrame());
+}
+
+}  // namespace
+}  // namespace moxui::ui

@@ -1,0 +1,69 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+
+namespace moxcore::threads {
+class IExecutor;
+}
+
+namespace moxaudiotoolkit {
+
+class PeakCache;
+class PeakPyramid;
+class SampleSource;
+
+struct FilePeaksOptions {
+  std::shared_ptr<const PeakCache> cache = nullptr;  // null: nothing is kept
+  // Called on other threads whenever there is more or something else to draw, or the state has changed. Must
+  // not destroy the object.
+  std::function<void()> onChange = nullptr;
+  int threadCount = 0;  // of building: at most so many; 0: as many as the executor has
+  std::shared_ptr<moxcore::threads::IExecutor> executor = nullptr;  // null: the one for work that computes
+};
+
+// The peaks of a sound file for as long as someone looks at it. From construction on they come from the
+// cache, and are checked in the background against the whole file, or are built and then kept. The destructor
+// cancels and waits. All but construction, PollForChange, Wait and destruction may be called on any thread.
+class FilePeaks {
+ public:
+  enum class State {
+    kOpening,
+    kBuilding,   // the pyramid grows
+    kStoring,    // it is complete, and on its way to the cache
+    kVerifying,  // it came from the cache, and the file is being compared
+    kDone,
+    kCancelled,
+    kFailed,  // what there is of the pyramid stays
+  };
+
+  explicit FilePeaks(std::string path, FilePeaksOptions options = {});
+  ~FilePeaks();
+  FilePeaks(const FilePeaks&) = delete;
+  FilePeaks& operator=(const FilePeaks&) = delete;
+
+  // Both null until the file has been opened; replaced when it is built anew.
+  std::shared_ptr<const PeakPyramid> GetPyramid() const;
+  std::shared_ptr<const SampleSource> GetSource() const;
+  State GetState() const;
+  // Of the pyramid, from 0 to 1.
+  double GetProgress() const;
+  // Why opening or building failed; else why nothing could be kept; empty when all is well. Localised.
+  std::string GetProblem() const;
+  bool CameFromCache() const;
+
+  // Ends all work soon. What is there stays.
+  void Cancel();
+  // Returns when all work has ended.
+  void Wait();
+  // Looks whether the file has changed since it was opened, which costs a microsecond. Then begins anew, with
+  // the old picture until there is a new one, and returns true.
+  bool PollForChange();
+
+ private:
+  class Worker;
+  std::unique_ptr<Worker> mWorker;
+};
+
+}  // namespace moxaudiotoolkit

@@ -1,0 +1,59 @@
+#pragma once
+
+#include <moxaudiotoolkit/AudioFileError.h>
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <span>
+#include <string>
+#include <vector>
+
+namespace moxaudiotoolkit {
+
+class PeakPyramid;
+
+// The contents of a .dat peak file, as other tools for waveforms on the web and on the desk read and write
+// them: pairs of the smallest and the largest of each `samplesPerPixel` samples.
+struct PeakData {
+  int version = 2;  // 1, which knows but one channel, or 2
+  bool has8Bits = false;
+  int sampleRate = 0;
+  int samplesPerPixel = 0;
+  int channelCount = 0;
+  std::uint32_t length = 0;  // pairs of each channel
+  // For each place, for each channel: smallest, largest. In units of 2^-15, or of 2^-7 with 8 bits.
+  std::vector<std::int16_t> values;
+
+  bool operator==(const PeakData&) const = default;
+};
+
+// Throw AudioFileError: kNotFound, kNotReadable, kNotAFile and kEmpty like AudioFile; kNotAudio for a file
+// of another kind or byte order; kTruncated when it is shorter than its header says and kDamaged when it is
+// longer or contradicts itself; kBadChannelCount, kBadSampleRate. Memory is taken for the bytes that are
+// there.
+PeakData ReadPeakData(const std::string& path);
+PeakData ParsePeakData(std::span<const std::uint8_t> bytes, const std::string& name);
+
+// Little-endian, whatever the machine. Throws std::invalid_argument when the data contradicts itself.
+std::vector<std::uint8_t> MakePeakDataBytes(const PeakData& data);
+// Replaces the file once all is on the disk. Throws AudioFileError (kNotWritable) otherwise, and leaves the
+// old one as it was.
+void WritePeakData(const std::string& path, const PeakData& data);
+
+struct PeakDataOptions {
+  int samplesPerPixel = 256;  // a multiple of the pyramid's samples per point
+  int version = 2;            // version 1 takes the peaks of all channels together
+  bool has8Bits = false;
+};
+
+// Peaks are rounded to the nearest value and those beyond full scale limited. The last pair holds what is
+// left. Throws std::invalid_argument for other options than those named and for more pairs than a file can
+// hold; what the pyramid doesn't know yet is silence.
+PeakData MakePeakData(const PeakPyramid& pyramid, const PeakDataOptions& options = {});
+
+// A pyramid whose finest points are the pairs, without RMS. `frames` is the length of the audio where that is
+// known, which must be of that many pairs; with 0 the last pair counts as whole.
+std::shared_ptr<const PeakPyramid> MakePeakPyramid(const PeakData& data, std::int64_t frames = 0);
+
+}  // namespace moxaudiotoolkit

@@ -1,0 +1,234 @@
+#include "HarmlessSamples.h"
+#include "SoundFileHandle.h"
+
+#include <moxaudiotoolkit/AudioFile.h>
+#include <moxaudiotoolkit/AudioFileError.h>
+
+#include <algorithm>
+#include <limits>
+#include <optional>
+#include <stdexcept>
+#include <utility>
+
+namespace moxaudiotoolkit {
+namespace {
+
+constexpr std::size_t kChunkFloats = 1 << 14;  // read at a time: stays in the processor's cache
+
+// No encoding holds more frames in a byte: FLAC, the densest, reaches about 5000 for silence.
+constexpr std::int64_t kMostFramesPerByte = 1 << 16;
+constexpr std::int64_t kMostFrames = std::int64_t{1} << 53;
+
+std::int64_t MostFramesIn(std::int64_t byteCount) {
+  return byteCount > kMostFrames / kMostFramesPerByte ? kMostFrames : byteCount * kMostFramesPerByte;
+}
+
+std::int64_t ChunkFrames(int channelCount) {
+  return static_cast<std::int64_t>(kChunkFloats) / channelCount;
+}
+
+void CheckHeader(const SoundFileHeader& header, const std::string& name) {
+  if (header.channelCount < 1 || header.channelCount > kMostChannels) {
+    throw AudioFileError(
+        AudioFileFault::kBadChannelCount, name,
+        "$$$/moxaudiotoolkit/Error/Channels=The file has @0 channels; from 1 to @1 can be read.",
+        {std::to_string(header.channelCount), std::to_string(kMostChannels)});
+  }
+  if (header.sampleRate < 1 || header.sampleRate > kHighestSampleRate) {
+    throw AudioFileError(AudioFileFault::kBadSampleRate, name,
+                         "$$$/moxaudiotoolkit/Error/SampleRate=The sample rate of @0 Hz makes no sense.",
+                         {std::to_string(header.sampleRate)});
+  }
+  const bool known = header.frames != std::numeric_limits<std::int64_t>::max();
+  if (header.frames < 0 || (known && header.frames > MostFramesIn(header.byteCount))) {
+    throw AudioFileError(
+        AudioFileFault::kDamaged, name,
+        "$$$/moxaudiotoolkit/Error/Frames=The file claims @0 frames, which its @1 bytes can't hold.",
+        {std::to_string(header.frames), std::to_string(header.byteCount)});
+  }
+}
+
+}  // namespace
+
+class AudioFile::Reader {
+ public:
+  Reader(std::string name, SoundFileHandle::Bytes bytes) : mName(std::move(name)), mBytes(std::move(bytes)) {
+    Reopen();
+    const SoundFileHeader& header = mHandle->GetHeader();
+    CheckHeader(header, mName);
+    mSeekable = header.seekable;
+    mProperties.sampleRate = header.sampleRate;
+    mProperties.channelCount = header.channelCount;
+    mProperties.format = header.format;
+    mProperties.integerBits = header.integerBits;
+    // Streams are written before their length is known; only their end tells it.
+    const bool known = header.frames != std::numeric_limits<std::int64_t>::max();
+    mProperties.frames = known ? header.frames : CountFrames(MostFramesIn(header.byteCount));
+    mProperties.duration = static_cast<double>(mProperties.frames) / mProperties.sampleRate;
+  }
+
+  const AudioFileProperties& GetProperties() const { return mProperties; }
+  const std::string& GetName() const { return mName; }
+  // Of the file, as it was opened.
+  std::int64_t GetByteCount() const { return mHandle->GetHeader().byteCount; }
+
+  // Reads exactly these frames, which must lie within the file.
+  void Read(std::int64_t firstFrame, float* destination, std::int64_t frameCount) {
+    MoveTo(firstFrame);
+    std::int64_t done = 0;
+    while (done < frameCount) {
+      const std::int64_t got =
+          mHandle->Read(destination + done * mProperties.channelCount, frameCount - done);
+      if (got == 0) {
+        ThrowTruncated(firstFrame + done);
+      }
+      done += got;
+    }
+    mPosition = firstFrame + frameCount;
+  }
+
+ private:
+  void Reopen() {
+    mHandle.reset();
+    if (mBytes) {
+      mHandle.emplace(mBytes, mName);
+    } else {
+      mHandle.emplace(mName);
+    }
+    mPosition = 0;
+  }
+
+  void MoveTo(std::int64_t frame) {
+    const std::int64_t start = std::max<std::int64_t>(frame - mHandle->GetHeader().preroll, 0);
+    if (!mPosition || *mPosition > frame || (mSeekable && *mPosition < start)) {
+      StartFrom(start);
+    }
+    std::vector<float> skipped(*mPosition < frame ? kChunkFloats : 0);
+    while (*mPosition < frame) {
+      const std::int64_t wanted = std::min(frame - *mPosition, ChunkFrames(mProperties.channelCount));
+      const std::int64_t got = mHandle->Read(skipped.data(), wanted);
+      if (got == 0) {
+        ThrowTruncated(*mPosition);
+      }
+      *mPosition += got;
+    }
+  }
+
+  // Winds to this frame or, where that can't be, to the beginning.
+  void StartFrom(std::int64_t frame) {
+    if (mSeekable && mHandle->Seek(frame)) {
+      mPosition = frame;
+    } else {
+      ReopenUnchanged();
+    }
+  }
+
+  // Another file may stand at the path by now; its channels wouldn't fit what callers were told.
+  void ReopenUnchanged() {
+    Reopen();
+    const SoundFileHeader& header = mHandle->GetHeader();
+    if (header.channelCount != mProperties.channelCount || header.sampleRate != mProperties.sampleRate) {
+      mPosition.reset();
+      throw AudioFileError(AudioFileFault::kDamaged, mName,
+                           "$$$/moxaudiotoolkit/Error/Replaced=The file was replaced while it was read.");
+    }
+  }
+
+  std::int64_t CountFrames(std::int64_t most) {
+    std::vector<float> skipped(kChunkFloats);
+    std::int64_t count = 0;
+    while (const std::int64_t got = mHandle->Read(skipped.data(), ChunkFrames(mProperties.channelCount))) {
+      count += got;
+      if (count > most) {
+        throw AudioFileError(AudioFileFault::kDamaged, mName,
+                             "$$$/moxaudiotoolkit/Error/Endless=The sound never ends.");
+      }
+    }
+    Reopen();
+    return count;
+  }
+
+  [[noreturn]] void ThrowTruncated(std::int64_t frame) {
+    mPosition.reset();
+    throw AudioFileError(
+        AudioFileFault::kTruncated, mName,
+        "$$$/moxaudiotoolkit/Error/Truncated=The sound ends or can't be decoded after @0 of @1 frames.",
+        {std::to_string(frame), std::to_string(mProperties.frames)});
+  }
+
+  std::string mName;
+  SoundFileHandle::Bytes mBytes;
+  std::optional<SoundFileHandle> mHandle;
+  bool mSeekable = false;
+  std::optional<std::int64_t> mPosition;  // frame that comes next; unknown after an error
+  AudioFileProperties mProperties;
+};
+
+AudioFile::AudioFile(const std::string& path) : mReader(std::make_unique<Reader>(path, nullptr)) {}
+
+AudioFile::AudioFile(std::vector<std::uint8_t> bytes, const std::string& name)
+    : mReader(std::make_unique<Reader>(
+          name, std::make_shared<const std::vector<std::uint8_t>>(std::move(bytes)))) {}
+
+AudioFile::~AudioFile() = default;
+AudioFile::AudioFile(AudioFile&&) noexcept = default;
+AudioFile& AudioFile::operator=(AudioFile&&) noexcept = default;
+
+const AudioFileProperties& AudioFile::GetProperties() const {
+  return mReader->GetProperties();
+}
+
+const std::string& AudioFile::GetName() const {
+  return mReader->GetName();
+}
+
+std::int64_t AudioFile::ReadInterleaved(std::int64_t firstFrame, std::span<float> destination) {
+  if (firstFrame < 0) {
+    throw std::out_of_range("Sound is read from frame 0 on, not from " + std::to_string(firstFrame));
+  }
+  const AudioFileProperties& properties = GetProperties();
+  const auto channelCount = static_cast<std::size_t>(properties.channelCount);
+  const auto room = static_cast<std::int64_t>(destination.size() / channelCount);
+  const std::int64_t count = std::min(room, std::max<std::int64_t>(properties.frames - firstFrame, 0));
+  if (count > 0) {
+    mReader->Read(firstFrame, destination.data(), count);
+    MakeHarmless(destination.first(static_cast<std::size_t>(count) * channelCount));
+  }
+  return count;
+}
+
+std::vector<std::vector<float>> AudioFile::ReadChannels(std::int64_t firstFrame, std::int64_t frameCount) {
+  const AudioFileProperties& properties = GetProperties();
+  const auto channelCount = static_cast<std::size_t>(properties.channelCount);
+  const std::int64_t available =
+      std::max<std::int64_t>(properties.frames - std::max<std::int64_t>(firstFrame, 0), 0);
+  const auto total = static_cast<std::size_t>(std::clamp<std::int64_t>(frameCount, 0, available));
+  std::vector<std::vector<float>> channels(channelCount);
+  // A sample to a byte of the file is what uncompressed sound needs at most; more is taken as it comes.
+  const std::size_t surely =
+      std::min(total, static_cast<std::size_t>(mReader->GetByteCount()) / channelCount);
+  for (std::vector<float>& samples : channels) {
+    samples.reserve(surely);
+  }
+  std::vector<float> chunk(static_cast<std::size_t>(ChunkFrames(properties.channelCount)) * channelCount);
+  std::size_t done = 0;
+  do {
+    const std::size_t wanted = std::min(total - done, chunk.size() / channelCount);
+    const auto got = static_cast<std::size_t>(ReadInterleaved(firstFrame + static_cast<std::int64_t>(done),
+                                                              std::span(chunk).first(wanted * channelCount)));
+    for (std::size_t c = 0; c < channelCount; ++c) {
+      std::vector<float>& samples = channels[c];
+      if (samples.capacity() < done + got) {
+        samples.reserve(std::min(total, std::max(done + got, samples.capacity() * 2)));
+      }
+      samples.resize(done + got);
+      for (std::size_t i = 0; i < got; ++i) {
+        samples[done + i] = chunk[i * channelCount + c];
+      }
+    }
+    done += got;
+  } while (done < total);
+  return channels;
+}
+
+}  // namespace moxaudiotoolkit

@@ -1,0 +1,100 @@
+#pragma once
+
+#include <moxmediaui/WaveformDrawBase.h>
+
+#include <cstdint>
+#include <memory>
+#include <tuple>
+#include <vector>
+
+namespace moxmediaui {
+
+struct PeakPicture;
+struct PeakStrip;
+
+enum class PeakDataDrawStyle : std::int32_t {
+  kBipolar = 0,            ///< the pair is drawn around the strip's centre
+  kRectified = 1,          ///< from the strip's bottom up to the larger magnitude, one row at least
+  kRectifiedFromZero = 2,  ///< the same, silence showing nothing
+};
+
+enum class WaveformScalingStyle : std::int32_t {
+  kLinear = 0,
+  kSquareRoot = 1,  ///< the square root with the sign kept
+};
+
+enum class LayeredChannelDrawingStyle : std::int32_t {
+  kAllAlike = 0,     ///< all layered channels semi-transparent alike
+  kFirstStrong = 1,  ///< the first channel, on top, stays strong; others are fainter
+};
+
+/// Paints audio. Peak data (a pair of values per pixel column, see WaveformData) is written pixel by pixel
+/// into one buffer with its background and drawn as one image; its data slots must equal the rectangle's
+/// width, and no side of the image may exceed 32767 pixels: beyond that, or with another number of slots, the
+/// region stays as it was. Sample data is drawn as a curve through the samples, with optional dots on them.
+/// Which of the two is drawn, the data's type tells: whoever fills the data chooses.
+///
+/// A scratch window is written while drawing: one object must not draw in two threads at once.
+class WaveformDraw : public WaveformDrawBase {
+ public:
+  WaveformDraw();
+  WaveformDraw(WaveformDraw const& other);
+  WaveformDraw& operator=(WaveformDraw const& other);
+  ~WaveformDraw() override;
+
+  /// The width of the interpolation's window: 44 samples. Whoever asks for the samples of a view adds one
+  /// less than that, so that a window fits around each visible sample.
+  static unsigned int GetOversampleSize();
+
+  float GetAmplitudeFromPixelOffset(std::uint64_t channel, std::int64_t pixel,
+                                    std::shared_ptr<WaveformData> waveform) const override;
+
+  bool GetDrawSampleDots() const { return mDrawSampleDots; }
+  void SetDrawSampleDots(bool draw) { mDrawSampleDots = draw; }
+  PeakDataDrawStyle GetPeakDataDrawStyle() const { return mPeakDataDrawStyle; }
+  void SetPeakDataDrawStyle(PeakDataDrawStyle style) { mPeakDataDrawStyle = style; }
+  WaveformScalingStyle GetWaveformScalingStyle() const { return mWaveformScalingStyle; }
+  void SetWaveformScalingStyle(WaveformScalingStyle style) { mWaveformScalingStyle = style; }
+  void SetLayeredChannelDrawingStyle(LayeredChannelDrawingStyle style) {
+    mLayeredChannelDrawingStyle = style;
+  }
+
+ private:
+  std::tuple<float, std::vector<float>> HandleGain(std::shared_ptr<WaveformData> waveform) const override;
+  void HandleFades(WaveformDataProperties const& properties, float exponentialFloor,
+                   std::vector<float>& buffer) const override;
+  bool DoDrawWaveform(Scriber* scriber, WaveformDataProperties const& properties, RectT<int> const& rect,
+                      float const* data, int firstColumn, int columnCount, bool selected, float gain,
+                      RectT<int> region, int channelHeight, int channelStride, float centre) const override;
+  bool DrawsCustomBackground(std::shared_ptr<WaveformData> waveform) const override;
+
+  bool DrawWaveformAsPeaks(Scriber* scriber, WaveformDataProperties const& properties, RectT<int> const& rect,
+                           float const* data, int firstColumn, int columnCount, bool selected, float gain,
+                           RectT<int> region, int channelHeight, int channelStride, float centre) const;
+  bool DrawWaveformAsSamples(Scriber* scriber, WaveformDataProperties const& properties,
+                             RectT<int> const& rect, float const* data, int firstColumn, int columnCount,
+                             bool selected, float gain, RectT<int> region, int channelHeight,
+                             int channelStride, float centre) const;
+  /// Paints some columns of all channels, with what lies beneath them.
+  void PaintPeakPicture(PeakPicture const& picture, WaveformDataProperties const& properties,
+                        float const* data, int firstColumn, bool selected, float gain, int channelHeight,
+                        int stride, float centre) const;
+  /// How the peaks of one channel look; which they are and where they go is left to the caller.
+  PeakStrip MakePeakStrip(bool selected, int channel, float centre, float gain, float opacity) const;
+  /// Draws the peaks of one channel into a strip of 32-bit pixels, whose rows follow one another without
+  /// gaps.
+  void DrawPeakColumns(bool selected, int channel, float const* pairs, std::uint8_t* pixels,
+                       RectT<int> const& strip, float centre, float gain, float opacity) const;
+  /// The layer begins at the region, so that nothing depends on `rect`.
+  void DrawSamples(Scriber* scriber, bool selected, int channel, float const* samples, unsigned int count,
+                   float pixelsPerSample, SurfaceInterface& layer, RectT<int> const& rect,
+                   RectT<int> const& region, float centre, float gain) const;
+
+  bool mDrawSampleDots = true;
+  PeakDataDrawStyle mPeakDataDrawStyle = PeakDataDrawStyle::kBipolar;
+  WaveformScalingStyle mWaveformScalingStyle = WaveformScalingStyle::kLinear;
+  mutable std::vector<float> mOversampleBuffer;
+  LayeredChannelDrawingStyle mLayeredChannelDrawingStyle = LayeredChannelDrawingStyle::kAllAlike;
+};
+
+}  // namespace moxmediaui

@@ -1,0 +1,358 @@
+#include "audio/AudioPage.h"
+
+#include "audio/AudioProperties.h"
+#include "audio/AudioReadOut.h"
+#include "audio/ChannelGutter.h"
+#include "audio/OverviewBar.h"
+#include "audio/PropertyPanel.h"
+#include "audio/TimeRulerView.h"
+#include "audio/WaveformView.h"
+#include "program/AppearanceState.h"
+#include "program/Localized.h"
+#include "shell/EventLog.h"
+#include "shell/Listening.h"
+#include "shell/Named.h"
+#include "shell/Painting.h"
+
+#include <moxui/scriber/Drawing.h>
+
+#include <algorithm>
+#include <cmath>
+#include <initializer_list>
+#include <utility>
+
+namespace playground {
+namespace {
+
+using moxcore::utility::MakeIntrusive;
+using moxui::RectT;
+using moxui::controls::UI_Popup;
+using moxui::controls::UI_StaticText;
+using moxui::controls::UI_TextButton;
+using moxui::ui::FontIndex;
+using moxui::ui::ThemeColorID;
+
+constexpr float kPanelWidth = 316.0f;
+constexpr float kGutterWidth = 44.0f;
+constexpr float kRulerHeight = 20.0f;
+constexpr float kOverviewHeight = 40.0f;
+constexpr float kLineHeight = 20.0f;
+constexpr float kSoundsWidth = 220.0f;
+constexpr float kDismissWidth = 88.0f;
+
+// The places to begin from, in the order of the page's states.
+enum class Situation { kWhole, kSelection, kSamples, kLayers, kFade, kNoSound };
+
+float OnGrid(float value) {
+  return std::floor(value / 4.0f) * 4.0f;
+}
+
+}  // namespace
+
+AudioPage::AudioPage(PageContext const& context) : mSession(context.audio), mLog(context.log) {
+  std::string const soundsName = Text("$$$/playground/audio/sounds=Sound");
+  mSounds = MakeIntrusive<Named<UI_Popup>>(soundsName);
+  mSounds->SetItemCheckStyle(moxui::controls::ItemCheckStyle::kCurrent);
+  mSounds->SetWantsKeyboardFocus(true);
+  mSummary = MakeIntrusive<UI_StaticText>();
+  mSummary->SetFontIndex(FontIndex::kSmall);
+  mSummary->SetAlignment(Leading());
+  mFailure = MakeIntrusive<UI_StaticText>();
+  mFailure->SetAlignment(Leading());
+  mFailure->SetTextTruncation(moxui::controls::TextTruncation::kMiddle);
+  mDismiss = MakeIntrusive<UI_TextButton>(Text16("$$$/playground/audio/dismiss=Dismiss"));
+  mDismiss->SetWantsKeyboardFocus(true);
+  mGutter = MakeIntrusive<ChannelGutter>(mSession);
+  mRuler = MakeIntrusive<TimeRulerView>(mSession);
+  mWaveform = MakeIntrusive<WaveformView>(mSession);
+  mOverview = MakeIntrusive<OverviewBar>(mSession);
+  mReadOut = MakeIntrusive<UI_StaticText>();
+  mReadOut->SetAlignment(Leading());
+  mHint = MakeIntrusive<UI_StaticText>(
+      Text16("$$$/playground/audio/hint=Drag to select, Shift extends. Wheel to zoom, Shift+wheel or middle "
+             "drag to scroll. Space or Alt+drag scrolls too."));
+  mHint->SetFontIndex(FontIndex::kSmall);
+  mHint->SetAlignment(Leading());
+  mHint->SetTextTruncation(moxui::controls::TextTruncation::kEnd);
+  mHint->UI_SetToolTip(moxcore::Utf8String(Text(
+                           "$$$/playground/audio/keys=Arrows scroll, up and down change the level\\nPlus and "
+                           "minus zoom, F shows all, Z the selection\\nShift and arrows select, Escape "
+                           "selects nothing\\n1 to 9 switch channels off and on")),
+                       400);
+  mPanel = MakeIntrusive<PropertyPanel>();
+
+  for (moxcore::utility::IntrusivePtr<moxui::ui::UI_Node> const& child :
+       {moxcore::utility::IntrusivePtr<moxui::ui::UI_Node>(mSounds),
+        {mSummary},
+        {mFailure},
+        {mDismiss},
+        {mGutter},
+        {mRuler},
+        {mWaveform},
+        {mOverview},
+        {mReadOut},
+        {mHint},
+        {mPanel}}) {
+    ChildPushBack(child);
+  }
+
+  WhenChanged(*mSounds, this, [](AudioPage& page) {
+    // A divider stands before the last item, which is no sound.
+    auto const item = static_cast<std::size_t>(page.mSounds->GetValue());
+    page.mSession.ShowDocument(std::min(item, page.mSession.Documents().size()));
+  });
+  WhenChanged(*mDismiss, this, [](AudioPage& page) { page.mSession.ForgetFailures(); });
+  using moxcore::utility::RefCountedWeakPtr;
+  mWaveform->SetHoverFunction([weak = RefCountedWeakPtr<AudioPage>(this)](std::optional<int> column) {
+    if (auto const page = weak.Lock()) {
+      page->mHoveredColumn = column;
+      page->ShowReadOut();
+    }
+  });
+  mPanel->SetChangeFunction(
+      [weak = RefCountedWeakPtr<AudioPage>(this)](Property const& property, std::string const& value) {
+        if (auto const page = weak.Lock()) {
+          page->PropertyChanged(property, value);
+        }
+      });
+  mSession.SetListener(this, [this](SessionChanges changes) { SessionChanged(changes); });
+  DocumentChanged();
+}
+
+AudioPage::~AudioPage() {
+  mSession.RemoveListener(this);
+}
+
+WaveformView& AudioPage::Waveform() const {
+  return *mWaveform;
+}
+ChannelGutter& AudioPage::Gutter() const {
+  return *mGutter;
+}
+OverviewBar& AudioPage::Overview() const {
+  return *mOverview;
+}
+PropertyPanel& AudioPage::Panel() const {
+  return *mPanel;
+}
+
+float AudioPage::GetScrollOffset() const {
+  return mPanel->GetScrollOffset();
+}
+void AudioPage::SetScrollOffset(float offset) {
+  mPanel->SetScrollOffset(offset);
+}
+
+void AudioPage::ShowState(std::size_t state) {
+  auto const situation = static_cast<Situation>(state);
+  if (situation == Situation::kNoSound) {
+    mSession.ShowDocument(mSession.Documents().size());
+    return;
+  }
+  if (!mSession.HasSound()) {
+    mSession.ShowDocument(0);
+  }
+  double const frames = static_cast<double>(mSession.View().Frames());
+  auto const at = [frames](double share) { return static_cast<std::int64_t>(share * frames); };
+  mSession.ChangeSettings([&](WaveformSettings& settings) {
+    settings.layered = situation == Situation::kLayers;
+    settings.fadeDirection = situation == Situation::kFade ? FadeDirection::kIn : FadeDirection::kNone;
+    settings.fadeStart = 0;
+    settings.fadeEnd = situation == Situation::kFade ? at(0.6) : at(1.0);
+    settings.fadeAmount = situation == Situation::kFade ? 2.0 : settings.fadeAmount;
+  });
+  mSession.ChangeView([&](Viewport& view) {
+    view.ShowAll();
+    if (situation == Situation::kSamples) {
+      // As many samples at each scale of the screen.
+      double const visible = view.Width() / (14.0 * GetViewScaleFactor());
+      view.Show(frames / 3.0, frames / 3.0 + visible);
+    }
+  });
+  mSession.ChangeSelection([&](SampleSelection& selection) {
+    if (situation == Situation::kSelection) {
+      selection.Select(at(0.28), at(0.46));
+    } else if (situation == Situation::kSamples) {
+      auto const left = static_cast<std::int64_t>(mSession.View().Left());
+      auto const visible = static_cast<std::int64_t>(mSession.View().VisibleSamples());
+      selection.Select(left + visible * 2 / 5, left + visible * 3 / 5);
+    } else {
+      selection.PlaceAt(0);
+    }
+  });
+}
+
+void AudioPage::SessionChanged(SessionChanges changes) {
+  if (changes.Has(SessionChange::kDocument)) {
+    DocumentChanged();
+    return;
+  }
+  if (changes.Has(SessionChange::kFailures)) {
+    LayOut();
+    UI_Invalidate();
+  }
+  if (changes.HasAny(SessionChange::kView | SessionChange::kSettings)) {
+    mWaveform->ViewChanged();
+    mOverview->UI_Invalidate();
+    mRuler->UI_Invalidate();
+    mGutter->SessionChanged();
+    mPanel->Refresh();
+  }
+  if (changes.Has(SessionChange::kSelection)) {
+    mWaveform->SelectionChanged();
+    mPanel->Refresh();
+    LogSelection();
+  }
+  ShowReadOut();
+}
+
+void AudioPage::DocumentChanged() {
+  mSounds->DeleteAllItems();
+  for (AudioDocument const& document : mSession.Documents()) {
+    mSounds->AddItem(To16(document.Title()));
+  }
+  mSounds->AddSeparator();
+  std::int64_t const none = mSounds->AddItem(Text16("$$$/playground/audio/noSound=No sound"));
+  bool const shows = mSession.CurrentIndex() < mSession.Documents().size();
+  mSounds->SetValue(shows ? static_cast<std::int64_t>(mSession.CurrentIndex()) : none);
+  mSummary->SetValue(To16(mSession.Current().Summary()));
+  mPanel->SetGroups(AudioProperties(mSession, CurrentAppearance().theme));
+  for (moxui::ui::UI_Node* const aboutSound : std::initializer_list<moxui::ui::UI_Node*>{
+           mHint.Get(), mRuler.Get(), mGutter.Get(), mOverview.Get()}) {
+    aboutSound->UI_Show(mSession.HasSound());
+  }
+  mHoveredColumn.reset();
+  mGutter->SessionChanged();
+  LayOut();
+  mWaveform->ViewChanged();
+  UI_Invalidate();
+  ShowReadOut();
+}
+
+std::string AudioPage::FailureText() const {
+  auto const& failures = mSession.Failures();
+  if (failures.empty()) {
+    return {};
+  }
+  std::string const first = failures.front().Sentence();
+  return failures.size() == 1 ? first
+                              : Text("$$$/playground/open/failedMore=@0 (and @1 more)",
+                                     {first, std::to_string(failures.size() - 1)});
+}
+
+RectT<float> AudioPage::WaveformFrame() const {
+  RectT<float> const own = UI_GetLocalRectF(false);
+  float const top = 8.0f + 24.0f + 8.0f + (mSession.Failures().empty() ? 0.0f : 32.0f) + kRulerHeight;
+  float const bottom = own.height - 4.0f - 2.0f * kLineHeight - 8.0f - kOverviewHeight - 8.0f;
+  float const left = kPanelPadding + kGutterWidth;
+  float const right = own.width - kPanelWidth - kPanelPadding;
+  return {left, top, std::max(OnGrid(right - left), 0.0f), std::max(OnGrid(bottom - top), 0.0f)};
+}
+
+void AudioPage::LayOut() {
+  RectT<float> const own = UI_GetLocalRectF(false);
+  if (own.IsEmpty()) {
+    return;
+  }
+  // Times run from left to right in every language, so that only what stands around the waveform is mirrored.
+  auto const place = [&own](moxui::ui::UI_Node& node, RectT<float> const& rect) {
+    node.UI_SetLocalRectF(Placed(rect, own.width));
+  };
+  float const control = ControlHeight();
+  float const mainRight = own.width - kPanelWidth - kPanelPadding;
+  place(*mSounds, {kPanelPadding, 8.0f, kSoundsWidth, control});
+  float const summary = kPanelPadding + kSoundsWidth + kGroupGap;
+  place(*mSummary, {summary, 8.0f, std::max(mainRight - summary, 0.0f), control});
+
+  bool const failed = !mSession.Failures().empty();
+  mFailure->UI_Show(failed);
+  mDismiss->UI_Show(failed);
+  mFailure->SetValue(To16(FailureText()));
+  mFailure->UI_SetToolTip(moxcore::Utf8String(FailureText()), 400);
+  place(*mFailure, {kPanelPadding + 8.0f, 40.0f, mainRight - kPanelPadding - kDismissWidth - 16.0f, 24.0f});
+  place(*mDismiss, {mainRight - kDismissWidth - 4.0f, 42.0f, kDismissWidth, 20.0f});
+
+  RectT<float> const wave = WaveformFrame();
+  place(*mRuler, {wave.left, wave.top - kRulerHeight, wave.width, kRulerHeight});
+  place(*mGutter, {kPanelPadding, wave.top, kGutterWidth, wave.height});
+  place(*mWaveform, wave);
+  place(*mOverview, {wave.left, wave.Bottom() + 8.0f, wave.width, kOverviewHeight});
+  float const line = wave.Bottom() + 8.0f + kOverviewHeight + 8.0f;
+  place(*mReadOut, {wave.left, line, wave.width, kLineHeight});
+  place(*mHint, {wave.left, line + kLineHeight, wave.width, kLineHeight});
+  place(*mPanel, {own.width - kPanelWidth, 0.0f, kPanelWidth, own.height});
+}
+
+void AudioPage::UI_SizeChanged(RectT<float> const& rect) {
+  Page::UI_SizeChanged(rect);
+  LayOut();
+}
+
+void AudioPage::UI_ScaleChanged(float scale) {
+  Page::UI_ScaleChanged(scale);
+  UI_Invalidate();
+}
+
+void AudioPage::ShowReadOut() {
+  mReadOut->SetValue(To16(AudioReadOut(mSession, mHoveredColumn, [this](std::size_t channel, int column) {
+    return mWaveform->AmplitudeAt(channel, column);
+  })));
+}
+
+void AudioPage::LogSelection() {
+  mLog.Add(SelectionText(mSession));
+}
+
+void AudioPage::PropertyChanged(Property const& property, std::string const& value) {
+  mLog.Add(value.empty() ? property.label
+                         : Text("$$$/playground/log/property=@0: @1", {property.label, value}));
+}
+
+void AudioPage::UI_Draw(moxui::scriber::Scriber* scriber) const {
+  RectT<float> const own = UI_GetLocalRectF(false);
+  if (!mSession.Failures().empty()) {
+    float const mainRight = own.width - kPanelWidth - kPanelPadding;
+    RectT<float> const bar = Placed({kPanelPadding, 40.0f, mainRight - kPanelPadding, 24.0f}, own.width);
+    moxui::utils::DrawRect(scriber, bar, ThemeColor(ThemeColorID::kGray3));
+    // The one place on this page where something is wrong is the one place in red.
+    moxui::utils::DrawRect(scriber, Placed({kPanelPadding, 40.0f, 4.0f, 24.0f}, own.width),
+                           {1.0f, 0.0f, 0.0f, 0.75f});
+  }
+  Page::UI_Draw(scriber);
+  if (!mSession.HasSound()) {
+    DrawEmptyState(scriber);
+  } else if (!ChannelsFit()) {
+    DrawNotice(
+        scriber, WaveformColor::kBackground,
+        Text16("$$$/playground/audio/tooManyTitle=There is no room for @0 channels",
+               {std::to_string(mSession.Current().ChannelCount())}),
+        Text16("$$$/playground/audio/tooManyText=Make the window higher, or put the channels in one layer."));
+  }
+}
+
+bool AudioPage::ChannelsFit() const {
+  return mSession.Current().ChannelCount() == 0 || !mGutter->StripRect(0).IsEmpty();
+}
+
+void AudioPage::DrawNotice(moxui::scriber::Scriber* scriber, WaveformColor ground,
+                           moxcore::Utf16String const& title, moxcore::Utf16String const& text) const {
+  RectT<float> const wave = Placed(WaveformFrame(), UI_GetLocalRectF(false).width);
+  moxui::ColorRGBA const ink =
+      InkOn(ColorOf(mSession.Settings(), PaletteOf(CurrentAppearance().theme), ground));
+  float const middle = wave.Center().y;
+  using moxui::scriber::TextAlignment;
+  DrawLabel(scriber, title, {wave.left, middle - 20.0f, wave.width, 20.0f}, TextAlignment::kCenter,
+            FontIndex::kTitle, ink);
+  DrawLabel(scriber, text, {wave.left, middle + 4.0f, wave.width, 20.0f}, TextAlignment::kCenter,
+            FontIndex::kText, ink);
+}
+
+void AudioPage::DrawEmptyState(moxui::scriber::Scriber* scriber) const {
+  RectT<float> const wave = Placed(WaveformFrame(), UI_GetLocalRectF(false).width);
+  moxui::utils::DrawOutline(scriber, wave.Inset(0.5f), ThemeColor(ThemeColorID::kGray4), 1.0f);
+  DrawNotice(
+      scriber, WaveformColor::kControl, Text16("$$$/playground/audio/emptyTitle=Drop a sound here"),
+      Text16("$$$/playground/audio/emptyText=WAV, AIFF, FLAC, Ogg, Opus or MP3, or open one with Ctrl+O."));
+}
+
+}  // namespace playground

@@ -1,0 +1,47 @@
+#pragma once
+
+#include "shell/ItemControl.h"
+
+#include <cstddef>
+
+namespace playground {
+
+class AudioSession;
+
+// The names of the channels beside their strips; a click switches a channel off and on again, the right
+// button opens a menu of colours for it. By keys: arrows go from channel to channel, space switches the one
+// that has the ring, the menu key (or return) opens its menu.
+class ChannelGutter : public ItemControl {
+ public:
+  explicit ChannelGutter(AudioSession& session) : mSession(session) {}
+
+  // The strip of a channel in own coordinates; empty when there is no room for it.
+  moxui::RectT<float> StripRect(std::size_t channel) const;
+  // The channel that the keys work on.
+  std::size_t GetValue() const { return mValue; }
+  // The session has changed: other channels, or other places for them.
+  void SessionChanged();
+
+  std::size_t ItemCount() const override;
+  moxui::RectT<float> ItemRect(std::size_t channel) const override { return StripRect(channel); }
+  moxcore::Utf16String ItemName(std::size_t channel) const override;
+  moxcore::Utf16String ItemValue(std::size_t channel) const override;
+
+  void UI_Draw(moxui::scriber::Scriber* scriber) const override;
+  void UI_ScaleChanged(float scale) override;
+  bool UI_DoMouseEvent(moxui::ui::UI_Node* node, moxui::ui::MouseEvent const& event) override;
+  bool UI_DoKeyboardEvent(moxui::ui::UI_Node* node, moxui::ui::KeyboardEvent const& event) override;
+  moxcore::Utf8String UI_GetAccessibleName() const override;
+  moxcore::Utf8String UI_GetAccessibleValue() const override;
+
+ private:
+  void ItemPressed(std::size_t channel) override;
+  void HoverChanged() override;
+  void GoTo(std::size_t channel);
+  void OpenMenu(std::size_t channel);
+
+  AudioSession& mSession;
+  std::size_t mValue = 0;
+};
+
+}  // namespace playground

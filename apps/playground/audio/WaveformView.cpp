@@ -1,0 +1,415 @@
+#include "audio/WaveformView.h"
+
+#include "audio/AudioSession.h"
+#include "audio/TimeRuler.h"
+#include "audio/WaveformKeys.h"
+#include "program/AppearanceState.h"
+#include "program/Localized.h"
+#include "shell/DevicePixels.h"
+#include "shell/Painting.h"
+
+#include <moxaudiotoolkit/DecodedAudio.h>
+#include <moxaudiotoolkit/waveform/QueryWaveform.h>
+#include <moxcore/config/Errors.h>
+#include <moxui/scriber/Drawing.h>
+#include <moxui/scriber/Scriber.h>
+#include <moxui/scriber/SurfaceInterface.h>
+#include <moxui/skins/ThemeColors.h>
+#include <moxui/ui/KeyboardEvent.h>
+#include <moxui/ui/MouseEvent.h>
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+namespace playground {
+namespace {
+
+namespace waveform = moxaudiotoolkit::waveform;
+using moxui::RectT;
+using moxui::ui::ModKeys;
+using moxui::ui::MouseButton;
+using moxui::ui::PointerAction;
+namespace ModKey = moxui::ui::ModKey;
+
+// A wheel that asks for this many pixels doubles or halves the zoom.
+constexpr double kWheelPixelsPerOctave = 120.0;
+// While a selection is drawn beyond an edge the view follows every so many milliseconds.
+constexpr int kScrollTimer = 1;
+constexpr float kScrollPeriod = 30.0f;
+constexpr double kLargestScrollStep = 48.0;
+constexpr float kFocusRingDistance = 1.0f;
+constexpr float kFocusRingWidth = 2.0f;
+
+waveform::WaveformDetail DetailOf(DetailChoice choice) {
+  switch (choice) {
+    case DetailChoice::kPeaks:
+      return waveform::WaveformDetail::kPeaks;
+    case DetailChoice::kSamples:
+      return waveform::WaveformDetail::kSamples;
+    case DetailChoice::kAutomatic:
+      break;
+  }
+  return waveform::WaveformDetail::kAutomatic;
+}
+
+}  // namespace
+
+// One question to the audio toolkit, with the answer.
+struct WaveformView::Request {
+  std::shared_ptr<moxaudiotoolkit::DecodedAudio const> audio;
+  Viewport view;
+  DetailChoice detail = DetailChoice::kAutomatic;
+  std::shared_ptr<Data> data;
+};
+
+WaveformView::WaveformView(AudioSession& session) : mSession(session), mRequest(std::make_unique<Request>()) {
+  mCursor = session.Selection().Head();
+}
+
+WaveformView::~WaveformView() = default;
+
+int WaveformView::Columns(float scale) const {
+  return std::max(static_cast<int>(std::lround(UI_GetLocalRectF(false).width * scale)), 0);
+}
+
+std::shared_ptr<waveform::WaveformData> WaveformView::DataFor(Viewport const& view) const {
+  auto const& audio = mSession.Current().audio;
+  DetailChoice const detail = mSession.Settings().detail;
+  Request& request = *mRequest;
+  if (!request.data || request.audio != audio || !(request.view == view) || request.detail != detail) {
+    request.audio = audio;
+    request.view = view;
+    request.detail = detail;
+    request.data = audio ? waveform::QueryWaveform(audio, view.Left(), view.SamplesPerPixel(), view.Width(),
+                                                   {.detail = DetailOf(detail)})
+                         : std::make_shared<Data>();
+  }
+  return request.data;
+}
+
+void WaveformView::PrepareDraw(Viewport const& view, int rows, float scale) const {
+  WaveformSettings const& settings = mSession.Settings();
+  AudioDocument const& document = mSession.Current();
+  Apply(settings, PaletteOf(CurrentAppearance().theme), mDraw);
+  mDraw.SetViewRange(view.Left(), view.SamplesPerPixel());
+  double const drawScale = settings.drawScale.value_or(scale);
+  mDraw.SetHorizontalGridlinePositions(
+      AmplitudeGrid(settings, rows, static_cast<int>(document.ChannelCount()), drawScale));
+  int const rate = document.audio ? document.audio->GetSampleRate() : 0;
+  mDraw.SetVerticalGridlinePositions(TimeGrid(settings, view, rate, scale));
+  RectT<int> ignored;
+  mDraw.SetSelection({0, 0, view.Width(), rows}, mSession.Selection().Left(), mSession.Selection().Width(),
+                     ignored);
+}
+
+void WaveformView::UI_Draw(moxui::scriber::Scriber* scriber) const {
+  moxui::scriber::SurfaceInterface& surface = *scriber->GetSurface();
+  RectT<float> const own = UI_GetLocalRectF(false);
+  float const scale = surface.GetScale();
+  int const columns = Columns(scale);
+  int const rows = static_cast<int>(std::lround(own.height * scale));
+  if (columns < 1 || rows < 1) {
+    return;
+  }
+  Viewport view = mSession.View();
+  if (view.Width() != columns) {
+    view.StretchTo(columns);
+  }
+  surface.SaveState();
+  surface.ClipToRect(own);
+  try {
+    if (scale == 1.0f || !DrawOnLayer(*scriber, view, rows, scale)) {
+      DrawInPlace(*scriber, view);
+    }
+  } catch (moxcore::config::mox_exception const&) {
+    // No memory for what the drawing needs: an exception out of a paint would end the program for a picture.
+    surface.FillRect(own, mDraw.GetBackgroundColor());
+    DrawLabel(scriber, Text16("$$$/playground/audio/notDrawn=The waveform can't be drawn at the moment."),
+              own, moxui::scriber::TextAlignment::kCenter, moxui::ui::FontIndex::kText,
+              InkOn(mDraw.GetBackgroundColor()));
+  }
+  surface.RestoreState();
+  DrawCursor(scriber, view, scale);
+  DrawFocus(scriber);
+}
+
+void WaveformView::DrawWaveform(moxui::scriber::Scriber& scriber, Viewport const& view, int rows,
+                                float scale) const {
+  // What the waveform leaves as it was (all of it, when the channels don't fit) has the background's colour.
+  scriber.GetSurface()->FillRect({0.0f, 0.0f, static_cast<float>(view.Width()), static_cast<float>(rows)},
+                                 mDraw.GetBackgroundColor());
+  float const drawScale = static_cast<float>(mSession.Settings().drawScale.value_or(scale));
+  mDraw.Draw(&scriber, DataFor(view), {0, 0, view.Width(), rows}, drawScale);
+}
+
+bool WaveformView::DrawOnLayer(moxui::scriber::Scriber& scriber, Viewport const& view, int rows,
+                               float scale) const {
+  // A layer of device pixels, so that a column of the waveform is a pixel of the screen at every scale. It
+  // reaches only as far as has to be painted anew.
+  RectT<float> const damage = scriber.GetSurface()->GetClipBounds();
+  int const columns = view.Width();
+  int const first = std::clamp(static_cast<int>(std::floor(damage.left * scale)), 0, columns);
+  int const last = std::clamp(static_cast<int>(std::ceil(damage.Right() * scale)), 0, columns);
+  if (last <= first) {
+    return true;
+  }
+  PrepareDraw(view, rows, scale);
+  RectT<float> const place{static_cast<float>(first) / scale, 0.0f, static_cast<float>(last - first) / scale,
+                           static_cast<float>(rows) / scale};
+  return DrawInDevicePixels(scriber, place, {last - first, rows}, {static_cast<float>(first), 0.0f},
+                            [&](moxui::scriber::Scriber& layer) { DrawWaveform(layer, view, rows, scale); });
+}
+
+void WaveformView::DrawInPlace(moxui::scriber::Scriber& scriber, Viewport view) const {
+  int const rows = static_cast<int>(std::lround(UI_GetLocalRectF(false).height));
+  if (int const columns = Columns(1.0f); columns != view.Width()) {
+    view.StretchTo(columns);
+  }
+  PrepareDraw(view, rows, 1.0f);
+  DrawWaveform(scriber, view, rows, 1.0f);
+}
+
+RectT<float> WaveformView::CursorRect(std::int64_t sample) const {
+  float const scale = GetViewScaleFactor();
+  double const column = std::floor(mSession.View().ColumnOf(static_cast<double>(sample)));
+  auto const x = static_cast<float>(std::clamp(column, -16.0, 1e6)) / scale;
+  return {x - 1.0f, 0.0f, 3.0f, UI_GetLocalRectF(false).height};
+}
+
+void WaveformView::DrawCursor(moxui::scriber::Scriber* scriber, Viewport const& view, float scale) const {
+  if (!mSession.HasSound() || !mSession.Selection().IsEmpty()) {
+    return;
+  }
+  double const column = std::floor(view.ColumnOf(static_cast<double>(mSession.Selection().Head())));
+  if (column < 0.0 || column > view.Width()) {
+    return;
+  }
+  float const x = static_cast<float>(std::min<double>(column, view.Width() - 1)) / scale;
+  scriber->GetSurface()->FillRect({x, 0.0f, 1.0f / scale, UI_GetLocalRectF(false).height},
+                                  moxui::skins::utilities::GetInteractiveControlColor());
+}
+
+void WaveformView::DrawFocus(moxui::scriber::Scriber* scriber) const {
+  if (UI_HasKeyboardFocus()) {
+    float const distance = kFocusRingDistance + kFocusRingWidth / 2.0f;
+    moxui::utils::DrawOutline(scriber, UI_GetLocalRectF(false).Inset(-distance),
+                              moxui::skins::utilities::GetFocusColor(), kFocusRingWidth);
+  }
+}
+
+moxui::PaddingT<float> WaveformView::UI_GetDrawOverhang() const {
+  float const reach = kFocusRingDistance + kFocusRingWidth;
+  return {reach, reach, reach, reach};
+}
+
+float WaveformView::AmplitudeAt(std::size_t channel, int column) const {
+  if (!mSession.HasSound()) {
+    return 0.0f;
+  }
+  Viewport const& view = mSession.View();
+  mDraw.SetViewRange(view.Left(), view.SamplesPerPixel());
+  return mDraw.GetAmplitudeFromPixelOffset(channel, column, DataFor(view));
+}
+
+void WaveformView::SelectionChanged() {
+  SampleSelection const& selection = mSession.Selection();
+  float const scale = GetViewScaleFactor();
+  RectT<float> const own = UI_GetLocalRectF(false);
+  RectT<int> const pixels{0, 0, Columns(scale), static_cast<int>(std::lround(own.height * scale))};
+  RectT<int> changed;
+  mDraw.SetViewRange(mSession.View().Left(), mSession.View().SamplesPerPixel());
+  mDraw.SetSelection(pixels, selection.Left(), selection.Width(), changed);
+  if (!changed.IsEmpty()) {
+    RectT<float> const pixelsChanged(changed);
+    UI_Invalidate({pixelsChanged.left / scale, pixelsChanged.top / scale, pixelsChanged.width / scale,
+                   pixelsChanged.height / scale});
+  }
+  UI_Invalidate(CursorRect(mCursor));
+  mCursor = selection.Head();
+  UI_Invalidate(CursorRect(mCursor));
+}
+
+void WaveformView::ViewChanged() {
+  mCursor = mSession.Selection().Head();
+  UI_Invalidate();
+}
+
+void WaveformView::UI_SizeChanged(RectT<float> const&) {
+  if (int const columns = Columns(GetViewScaleFactor()); columns > 0) {
+    mSession.ChangeView([columns](Viewport& view) { view.SetWidth(columns); });
+  }
+}
+
+void WaveformView::UI_ScaleChanged(float scale) {
+  if (int const columns = Columns(scale); columns > 0) {
+    mSession.ChangeView([columns](Viewport& view) { view.StretchTo(columns); });
+  }
+}
+
+bool WaveformView::UI_DoPointerEvent(moxui::ui::UI_Node* node, moxui::ui::PointerEvent const& event) {
+  auto const* const wheel = moxui::ui::WheelEvent::GetWheelEventForPointerEvent(event);
+  if (wheel == nullptr) {
+    return UI_Node::UI_DoPointerEvent(node, event);
+  }
+  double const x = wheel->GetDistance().x;
+  double const y = wheel->GetDistance().y;
+  double const scale = GetViewScaleFactor();
+  if (event.GetModKey().Has(ModKey::kCommand)) {
+    mSession.ChangeSettings([y](WaveformSettings& settings) {
+      settings.zoom =
+          std::clamp(settings.zoom * std::exp2(y / kWheelPixelsPerOctave), kSmallestZoom, kLargestZoom);
+    });
+    return true;
+  }
+  if (event.GetModKey().Has(ModKey::kShift)) {
+    mSession.ChangeView([=](Viewport& view) { view.ScrollBy(-(x + y) * scale); });
+    return true;
+  }
+  double const column = ColumnAt(event.GetPosition().x);
+  mSession.ChangeView([=](Viewport& view) {
+    view.ZoomAt(column, std::exp2(y / kWheelPixelsPerOctave));
+    view.ScrollBy(-x * scale);
+  });
+  return true;
+}
+
+bool WaveformView::UI_DoMouseEvent(moxui::ui::UI_Node*, moxui::ui::MouseEvent const& event) {
+  switch (event.GetAction()) {
+    case PointerAction::kPress:
+      UI_GainKeyboardFocus(moxui::ui::FocusChangeReason::kPointer);
+      if (event.IsLeftButtonDoubleClick()) {
+        mSession.ChangeSelection([](SampleSelection& selection) { selection.SelectAll(); });
+        return true;
+      }
+      BeginDrag(event);
+      return mDrag != Drag::kNone;
+    case PointerAction::kMove:
+      if (mDrag != Drag::kNone) {
+        ContinueDrag(event.GetPosition().x);
+      } else if (mHover) {
+        mHover(static_cast<int>(ColumnAt(event.GetPosition().x)));
+      }
+      return true;
+    case PointerAction::kRelease:
+    case PointerAction::kCancel:
+      EndDrag();
+      return true;
+    case PointerAction::kLeave:
+      if (mHover) {
+        mHover(std::nullopt);
+      }
+      return false;
+    default:
+      return false;
+  }
+}
+
+void WaveformView::BeginDrag(moxui::ui::MouseEvent const& event) {
+  mDragX = event.GetPosition().x;
+  bool const scrolls = event.IsButton(MouseButton::kMiddle) || mSpaceIsDown ||
+                       (event.IsButton(MouseButton::kLeft) && event.GetModKey().Has(ModKey::kOption));
+  if (scrolls) {
+    mDrag = Drag::kScroll;
+  } else if (event.IsButton(MouseButton::kLeft) && mSession.HasSound()) {
+    mDrag = Drag::kSelect;
+    auto const sample = static_cast<std::int64_t>(std::llround(mSession.View().SampleAt(ColumnAt(mDragX))));
+    bool const extends = event.GetModKey().Has(ModKey::kShift);
+    mSession.ChangeSelection([=](SampleSelection& selection) {
+      if (extends) {
+        selection.TakeNearerEnd(sample);
+        selection.ExtendTo(sample);
+      } else {
+        selection.PlaceAt(sample);
+      }
+    });
+    UI_InstallTimer(kScrollPeriod, kScrollTimer);
+  }
+}
+
+void WaveformView::ContinueDrag(float x) {
+  if (mDrag == Drag::kScroll) {
+    double const columns = ColumnAt(mDragX - x);
+    mSession.ChangeView([columns](Viewport& view) { view.ScrollBy(columns); });
+    mDragX = x;
+    return;
+  }
+  mDragX = x;
+  float const inside = std::clamp(x, 0.0f, UI_GetLocalRectF(false).width);
+  auto const sample = static_cast<std::int64_t>(std::llround(mSession.View().SampleAt(ColumnAt(inside))));
+  mSession.ChangeSelection([sample](SampleSelection& selection) { selection.ExtendTo(sample); });
+  if (mHover) {
+    mHover(static_cast<int>(ColumnAt(inside)));
+  }
+}
+
+void WaveformView::EndDrag() {
+  mDrag = Drag::kNone;
+  UI_RemoveTimer(kScrollTimer);
+}
+
+void WaveformView::ScrollWhileSelecting() {
+  float const width = UI_GetLocalRectF(false).width;
+  double const beyond = mDragX < 0.0f ? mDragX : std::max(mDragX - width, 0.0f);
+  if (beyond != 0.0) {
+    double const step = std::clamp(beyond, -kLargestScrollStep, kLargestScrollStep) * GetViewScaleFactor();
+    mSession.ChangeView([step](Viewport& view) { view.ScrollBy(step); });
+    ContinueDrag(mDragX);
+  }
+}
+
+bool WaveformView::UI_DoTimerNotify(int id) {
+  if (id != kScrollTimer) {
+    return false;
+  }
+  if (mDrag == Drag::kSelect) {
+    ScrollWhileSelecting();
+  } else {
+    UI_RemoveTimer(kScrollTimer);
+  }
+  return true;
+}
+
+bool WaveformView::UI_DoKeyboardEvent(moxui::ui::UI_Node*, moxui::ui::KeyboardEvent const& event) {
+  bool const isDown = event.IsAction(moxui::ui::KeyAction::kKeyDown);
+  if (event.GetCode() == moxui::ui::KeyboardCode::kSpace) {
+    mSpaceIsDown = isDown;
+    return true;
+  }
+  return isDown && HandleWaveformKey(mSession, event);
+}
+
+void WaveformView::UI_FocusChanged(moxui::ui::FocusChangeReason reason) {
+  mSpaceIsDown = false;
+  if (reason == moxui::ui::FocusChangeReason::kDeactivated) {
+    EndDrag();
+  }
+  UI_Invalidate();
+}
+
+moxui::ui::AccessibleRole WaveformView::UI_GetAccessibleRole() const {
+  return moxui::ui::AccessibleRole::kImage;
+}
+
+moxcore::Utf8String WaveformView::UI_GetAccessibleName() const {
+  return moxcore::Utf8String(
+      Text("$$$/playground/audio/waveformName=Waveform of @0", {mSession.Current().Title()}));
+}
+
+moxcore::Utf8String WaveformView::UI_GetAccessibleValue() const {
+  auto const& audio = mSession.Current().audio;
+  if (!audio) {
+    return {};
+  }
+  double const rate = audio->GetSampleRate();
+  auto const time = [rate](std::int64_t sample) {
+    return TimeText(static_cast<double>(sample) / rate, 0.001);
+  };
+  SampleSelection const& selection = mSession.Selection();
+  return moxcore::Utf8String(
+      selection.IsEmpty() ? time(selection.Head())
+                          : Text("$$$/playground/audio/selectedRange=Selected @0 to @1",
+                                 {time(selection.Left()), time(selection.Left() + selection.Width())}));
+}
+
+}  // namespace playground

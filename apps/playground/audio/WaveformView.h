@@ -1,0 +1,88 @@
+#pragma once
+
+#include <moxmediaui/WaveformDraw.h>
+#include <moxui/ui/UI_Node.h>
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <optional>
+
+namespace moxaudiotoolkit::waveform {
+class WaveformData;
+}
+
+namespace playground {
+
+class AudioSession;
+class Viewport;
+
+// The waveform of a session's sound, a column to each device pixel, with the selection and the place of the
+// cursor. By hand: a drag selects, with shift it moves the nearer end; the wheel zooms at the pointer, with
+// shift it scrolls, with command it zooms the level; the middle button, option or a held space bar drag the
+// view. The keyboard does the same. It changes the session and is told of every change by its page.
+class WaveformView : public moxui::ui::UI_Node {
+ public:
+  // What is under the pointer: a column of the view.
+  using HoverFunction = std::function<void(std::optional<int> column)>;
+
+  explicit WaveformView(AudioSession& session);
+  ~WaveformView() override;
+
+  void SetHoverFunction(HoverFunction function) { mHover = std::move(function); }
+  // The amplitude that the picture shows at a column.
+  float AmplitudeAt(std::size_t channel, int column) const;
+
+  // The session has changed so.
+  void SelectionChanged();
+  void ViewChanged();
+
+  void UI_Draw(moxui::scriber::Scriber* scriber) const override;
+  void UI_SizeChanged(moxui::RectT<float> const& rect) override;
+  void UI_ScaleChanged(float scale) override;
+  bool UI_DoPointerEvent(moxui::ui::UI_Node* node, moxui::ui::PointerEvent const& event) override;
+  bool UI_DoMouseEvent(moxui::ui::UI_Node* node, moxui::ui::MouseEvent const& event) override;
+  bool UI_DoKeyboardEvent(moxui::ui::UI_Node* node, moxui::ui::KeyboardEvent const& event) override;
+  bool UI_DoTimerNotify(int id) override;
+  bool UI_WantsKeyboardFocus() const override { return true; }
+  void UI_FocusChanged(moxui::ui::FocusChangeReason reason) override;
+  moxui::PaddingT<float> UI_GetDrawOverhang() const override;
+  moxui::ui::AccessibleRole UI_GetAccessibleRole() const override;
+  moxcore::Utf8String UI_GetAccessibleName() const override;
+  moxcore::Utf8String UI_GetAccessibleValue() const override;
+
+ private:
+  enum class Drag { kNone, kSelect, kScroll };
+  using Data = moxaudiotoolkit::waveform::WaveformData;
+
+  int Columns(float scale) const;
+  double ColumnAt(float x) const { return static_cast<double>(x) * GetViewScaleFactor(); }
+  void BeginDrag(moxui::ui::MouseEvent const& event);
+  void ContinueDrag(float x);
+  void EndDrag();
+  void ScrollWhileSelecting();
+  bool Extend(std::int64_t sample);
+  void PrepareDraw(Viewport const& view, int rows, float scale) const;
+  std::shared_ptr<Data> DataFor(Viewport const& view) const;
+  // Draws the waveform on a surface whose pixels are the columns.
+  void DrawWaveform(moxui::scriber::Scriber& scriber, Viewport const& view, int rows, float scale) const;
+  // The same on a layer of device pixels, whose picture is then put in place; false when there is no layer.
+  bool DrawOnLayer(moxui::scriber::Scriber& scriber, Viewport const& view, int rows, float scale) const;
+  // A column to each logical pixel, without a layer.
+  void DrawInPlace(moxui::scriber::Scriber& scriber, Viewport view) const;
+  void DrawCursor(moxui::scriber::Scriber* scriber, Viewport const& view, float scale) const;
+  void DrawFocus(moxui::scriber::Scriber* scriber) const;
+  moxui::RectT<float> CursorRect(std::int64_t sample) const;
+
+  struct Request;
+  AudioSession& mSession;
+  HoverFunction mHover;
+  mutable moxmediaui::WaveformDraw mDraw;
+  mutable std::unique_ptr<Request> mRequest;  // the last question and its answer
+  Drag mDrag = Drag::kNone;
+  float mDragX = 0.0f;
+  bool mSpaceIsDown = false;
+  std::int64_t mCursor = 0;
+};
+
+}  // namespace playground

@@ -1,0 +1,270 @@
+#include "controls/ControlPages.h"
+
+#include "controls/ControlPage.h"
+#include "controls/SampleIcon.h"
+#include "controls/SampleState.h"
+#include "controls/ScrollSample.h"
+#include "program/Localized.h"
+#include "shell/Named.h"
+#include "shell/Painting.h"
+
+#include <moxui/controls/UI_Checkbox.h>
+#include <moxui/controls/UI_DisclosureTriangleButton.h>
+#include <moxui/controls/UI_PictureButton.h>
+#include <moxui/controls/UI_PictureTextButton.h>
+#include <moxui/controls/UI_Popup.h>
+#include <moxui/controls/UI_RadioButton.h>
+#include <moxui/controls/UI_Slider.h>
+#include <moxui/controls/UI_StaticText.h>
+#include <moxui/controls/UI_TextButton.h>
+#include <moxui/controls/UI_TextEdit.h>
+
+#include <utility>
+
+namespace playground {
+namespace {
+
+using moxcore::utility::IntrusivePtr;
+using moxcore::utility::MakeIntrusive;
+using moxui::controls::ControlAlignment;
+using moxui::controls::TextTruncation;
+using moxui::controls::UI_Checkbox;
+using moxui::controls::UI_ControlView;
+using moxui::controls::UI_DisclosureTriangleButton;
+using moxui::controls::UI_PictureButton;
+using moxui::controls::UI_PictureTextButton;
+using moxui::controls::UI_Popup;
+using moxui::controls::UI_RadioButton;
+using moxui::controls::UI_Slider;
+using moxui::controls::UI_StaticText;
+using moxui::controls::UI_TextButton;
+using moxui::controls::UI_TextEdit;
+using Control = IntrusivePtr<UI_ControlView>;
+
+template <class Made>
+Control Focusable(IntrusivePtr<Made> control) {
+  control->SetWantsKeyboardFocus(true);
+  return control;
+}
+
+Control TextButton(bool isDefault, bool toggles) {
+  auto button = MakeIntrusive<UI_TextButton>(toggles ? Text16("$$$/playground/sample/loop=Loop")
+                                                     : Text16("$$$/playground/sample/render=Render"));
+  button->SetDefaultAppearance(isDefault);
+  if (toggles) {
+    button->SetButtonStyle(moxui::controls::ButtonStyle::kToggle);
+    button->SetValue(true);
+  }
+  return Focusable(std::move(button));
+}
+
+Control PictureButton() {
+  auto button = MakeIntrusive<Named<UI_PictureButton>>(Text("$$$/playground/sample/play=Play"));
+  button->SetImageSupplyFunction(SampleIcon());
+  return Focusable(std::move(button));
+}
+
+Control PictureTextButton() {
+  auto button = MakeIntrusive<UI_PictureTextButton>();
+  button->SetTextLabel(Text16("$$$/playground/sample/play=Play"));
+  button->SetImageSupplyFunction(SampleIcon());
+  return Focusable(std::move(button));
+}
+
+Control DisclosureTriangle() {
+  auto button =
+      MakeIntrusive<Named<UI_DisclosureTriangleButton>>(Text("$$$/playground/sample/details=Details"));
+  return Focusable(std::move(button));
+}
+
+Control RadioButton() {
+  auto button = MakeIntrusive<UI_RadioButton>();
+  button->SetTextLabel(Text16("$$$/playground/sample/stereo=Stereo"));
+  return Focusable(std::move(button));
+}
+
+Control Checkbox(bool checked, bool labelled) {
+  IntrusivePtr<UI_Checkbox> box;
+  if (labelled) {
+    box = MakeIntrusive<UI_Checkbox>();
+    box->SetTextLabel(Text16("$$$/playground/sample/solo=Solo the channel"));
+  } else {
+    box = MakeIntrusive<Named<UI_Checkbox>>(Text("$$$/playground/sample/solo=Solo the channel"));
+  }
+  box->SetChecked(checked);
+  return Focusable(std::move(box));
+}
+
+Control StaticText(ControlAlignment alignment, TextTruncation truncation, bool bold) {
+  auto text = MakeIntrusive<UI_StaticText>(
+      truncation == TextTruncation::kNone
+          ? Text16("$$$/playground/sample/trackName=Dialogue, scene 12")
+          : Text16("$$$/playground/sample/longName=Interview with the conductor, second microphone, take 7"));
+  text->SetAlignment(alignment);
+  text->SetTextTruncation(truncation);
+  text->SetBold(bold);
+  return text;
+}
+
+Control WrappedText() {
+  auto text = MakeIntrusive<UI_StaticText>(Text16(
+      "$$$/playground/sample/note=Channels that are switched off keep their place in the file, but are "
+      "left out of the mix."));
+  text->SetMultiLine(true);
+  text->SetAlignment(Leading());
+  return text;
+}
+
+Control Popup(bool checks) {
+  auto popup = MakeIntrusive<Named<UI_Popup>>(Text("$$$/playground/sample/layout=Channel layout"));
+  for (std::string_view const item :
+       {"$$$/playground/sample/layout/mono=Mono", "$$$/playground/sample/layout/stereo=Stereo",
+        "$$$/playground/sample/layout/surround=5.1 Surround"}) {
+    popup->AddItem(Text16(item));
+  }
+  popup->AddSeparator();
+  popup->AddItem(Text16("$$$/playground/sample/layout/eight=7.1 Surround"));
+  popup->SetValue(1);
+  popup->SetItemCheckStyle(checks ? moxui::controls::ItemCheckStyle::kCurrent
+                                  : moxui::controls::ItemCheckStyle::kNone);
+  return Focusable(std::move(popup));
+}
+
+Control EmptyPopup() {
+  auto popup = MakeIntrusive<Named<UI_Popup>>(Text("$$$/playground/sample/layout=Channel layout"));
+  popup->SetValueString(Text16("$$$/playground/sample/layout/modified=Stereo (modified)"), true, true);
+  popup->AddItem(Text16("$$$/playground/sample/layout/stereo=Stereo"));
+  return Focusable(std::move(popup));
+}
+
+Control Slider(moxui::controls::SliderStyle style, moxui::controls::Orientation orientation) {
+  auto slider =
+      MakeIntrusive<Named<UI_Slider>>(Text("$$$/playground/sample/level=Level"), style, orientation);
+  slider->SetLimits(-24.0, 24.0);
+  slider->SetStepSize(1.0);
+  slider->SetPageSize(6.0);
+  slider->SetValue(-6.0);
+  return Focusable(std::move(slider));
+}
+
+Control TextEdit(bool empty, bool readOnly) {
+  auto edit = MakeIntrusive<UI_TextEdit>();
+  edit->SetAccessibleName(moxcore::Utf8String(Text("$$$/playground/sample/clipName=Name of the clip")));
+  edit->SetAlignment(Leading());
+  if (empty) {
+    edit->SetPlaceholder(Text16("$$$/playground/sample/placeholder=Name of the clip"));
+  } else {
+    edit->SetValue(Text16("$$$/playground/sample/clip=Opening titles"), false);
+  }
+  edit->SetReadOnly(readOnly);
+  return edit;
+}
+
+PageDescriptor Described(std::string_view name, std::string_view title, std::string_view description,
+                         std::vector<ControlSample> (*samples)(),
+                         // NOLINTNEXTLINE(performance-unnecessary-value-param): a list made for the call
+                         std::vector<SampleState> states = {SampleState::kNormal, SampleState::kHover,
+                                                            SampleState::kPressed, SampleState::kFocused,
+                                                            SampleState::kDisabled, SampleState::kUnknown}) {
+  return {.name = name,
+          .title = title,
+          .group = "$$$/playground/group/controls=Stock controls",
+          .description = description,
+          .states = PageStatesOf(states),
+          .make = [samples, states](PageContext const& context) -> IntrusivePtr<Page> {
+            return MakeIntrusive<ControlPage>(context, samples(), states);
+          }};
+}
+
+std::vector<ControlSample> Buttons() {
+  return {
+      {"$$$/playground/sample/textButton=Text", [] { return TextButton(false, false); }, 96.0f},
+      {"$$$/playground/sample/defaultButton=Default", [] { return TextButton(true, false); }, 96.0f},
+      {"$$$/playground/sample/toggleButton=Toggle", [] { return TextButton(false, true); }, 96.0f},
+      {"$$$/playground/sample/pictureButton=Picture", [] { return PictureButton(); }, 32.0f},
+      {"$$$/playground/sample/pictureTextButton=Picture and text", [] { return PictureTextButton(); }, 96.0f},
+      {"$$$/playground/sample/disclosure=Disclosure triangle", [] { return DisclosureTriangle(); }},
+      {"$$$/playground/sample/radio=Radio", [] { return RadioButton(); }, 120.0f}};
+}
+
+std::vector<ControlSample> Checkboxes() {
+  return {{"$$$/playground/sample/boxOff=Off", [] { return Checkbox(false, true); }, 180.0f},
+          {"$$$/playground/sample/boxOn=On", [] { return Checkbox(true, true); }, 180.0f},
+          {"$$$/playground/sample/boxBare=Without a label", [] { return Checkbox(true, false); }}};
+}
+
+std::vector<ControlSample> Texts() {
+  return {{"$$$/playground/sample/textLeft=Left",
+           [] { return StaticText(ControlAlignment::kLeft, TextTruncation::kNone, false); }, 240.0f, 20.0f},
+          {"$$$/playground/sample/textCentre=Centred",
+           [] { return StaticText(ControlAlignment::kCenter, TextTruncation::kNone, false); }, 240.0f, 20.0f},
+          {"$$$/playground/sample/textRight=Right",
+           [] { return StaticText(ControlAlignment::kRight, TextTruncation::kNone, false); }, 240.0f, 20.0f},
+          {"$$$/playground/sample/textBold=Bold",
+           [] { return StaticText(ControlAlignment::kLeft, TextTruncation::kNone, true); }, 240.0f, 20.0f},
+          {"$$$/playground/sample/textStart=Cut at the start",
+           [] { return StaticText(ControlAlignment::kLeft, TextTruncation::kStart, false); }, 240.0f, 20.0f},
+          {"$$$/playground/sample/textMiddle=Cut in the middle",
+           [] { return StaticText(ControlAlignment::kLeft, TextTruncation::kMiddle, false); }, 240.0f, 20.0f},
+          {"$$$/playground/sample/textEnd=Cut at the end",
+           [] { return StaticText(ControlAlignment::kLeft, TextTruncation::kEnd, false); }, 240.0f, 20.0f},
+          {"$$$/playground/sample/textWrapped=Wrapped", [] { return WrappedText(); }, 240.0f, 68.0f}};
+}
+
+std::vector<ControlSample> Popups() {
+  return {{"$$$/playground/sample/popupPlain=Without marks", [] { return Popup(false); }, 200.0f},
+          {"$$$/playground/sample/popupChecked=With a check mark", [] { return Popup(true); }, 200.0f},
+          {"$$$/playground/sample/popupText=With a text of its own", [] { return EmptyPopup(); }, 200.0f}};
+}
+
+std::vector<ControlSample> Sliders() {
+  using moxui::controls::Orientation;
+  using moxui::controls::SliderStyle;
+  return {{"$$$/playground/sample/sliderPlain=Plain",
+           [] { return Slider(SliderStyle::kPlain, Orientation::kHorizontal); }, 240.0f},
+          {"$$$/playground/sample/sliderTicked=With ticks",
+           [] { return Slider(SliderStyle::kTicked, Orientation::kHorizontal); }, 240.0f},
+          {"$$$/playground/sample/sliderVertical=Vertical",
+           [] { return Slider(SliderStyle::kPlain, Orientation::kVertical); }, 24.0f, 160.0f}};
+}
+
+std::vector<ControlSample> ScrollViews() {
+  return {{"$$$/playground/sample/scrollVertical=Fits the width", [] { return ScrollSample(false); }, 280.0f,
+           140.0f},
+          {"$$$/playground/sample/scrollBoth=Both ways", [] { return ScrollSample(true); }, 280.0f, 140.0f}};
+}
+
+std::vector<ControlSample> TextEdits() {
+  return {{"$$$/playground/sample/editText=Text", [] { return TextEdit(false, false); }, 240.0f},
+          {"$$$/playground/sample/editEmpty=Empty", [] { return TextEdit(true, false); }, 240.0f},
+          {"$$$/playground/sample/editReadOnly=Read only", [] { return TextEdit(false, true); }, 240.0f}};
+}
+
+}  // namespace
+
+std::vector<PageDescriptor> ControlPages() {
+  return {
+      Described("buttons", "$$$/playground/page/buttons=Buttons",
+                "$$$/playground/page/buttons/text=Everything that is pressed.", Buttons),
+      Described("checkbox", "$$$/playground/page/checkbox=Checkbox",
+                "$$$/playground/page/checkbox/text=A box with a mark, and a label beside it.", Checkboxes),
+      Described("static-text", "$$$/playground/page/staticText=Static text",
+                "$$$/playground/page/staticText/text=A text to be read: one line, or wrapped at words.",
+                Texts, {SampleState::kNormal, SampleState::kDisabled, SampleState::kUnknown}),
+      Described("popup", "$$$/playground/page/popup=Popup",
+                "$$$/playground/page/popup/text=One of several items, chosen from a menu.", Popups),
+      Described("slider", "$$$/playground/page/slider=Slider",
+                "$$$/playground/page/slider/text=A value between two ends. Shift takes big steps, Ctrl small "
+                "ones.",
+                Sliders),
+      Described("scroll-view", "$$$/playground/page/scrollView=Scroll view",
+                "$$$/playground/page/scrollView/text=A window onto something larger.", ScrollViews,
+                {SampleState::kNormal, SampleState::kHover, SampleState::kFocused, SampleState::kDisabled}),
+      Described("text-edit", "$$$/playground/page/textEdit=Text field",
+                "$$$/playground/page/textEdit/text=A line of text to be edited. Enter commits, Escape takes "
+                "it back.",
+                TextEdits,
+                {SampleState::kNormal, SampleState::kHover, SampleState::kFocused, SampleState::kDisabled})};
+}
+
+}  // namespace playground

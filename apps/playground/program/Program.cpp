@@ -1,0 +1,158 @@
+#include "program/Program.h"
+
+#include "program/CommandLine.h"
+#include "program/Localized.h"
+#include "program/ProgramWindow.h"
+#include "program/RenderPages.h"
+#include "program/Settings.h"
+#include "shell/Page.h"
+#include "shell/ProgramState.h"
+
+#include <moxcore/config/ApplicationName.h>
+#include <moxcore/config/InitializerRegistrar.h>
+#include <moxcore/config/ModuleCatalogues.h>
+#include <moxcore/utility/ModuleHandle.h>
+#include <moxmediaui/Module.h>
+#include <moxui/platform/Application.h>
+#include <moxui/platform/Fonts.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <exception>
+#include <iostream>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace playground {
+namespace {
+
+using moxui::platform::Application;
+
+void Complain(std::string const& text) {
+  std::cerr << "playground: " << text << std::endl;
+}
+
+// The library and the steps of the start run as long as this lives.
+class Module {
+ public:
+  explicit Module(moxui::scriber::SupplierInterface const* supplier) {
+    moxmediaui::Initialize(supplier);
+    moxcore::config::RunInitializers(kContexts);
+  }
+  ~Module() {
+    moxcore::config::TerminateInitializers(kContexts);
+    moxmediaui::Terminate();
+  }
+  Module(Module const&) = delete;
+  Module& operator=(Module const&) = delete;
+
+ private:
+  static constexpr moxcore::config::ContextFlags kContexts = moxcore::config::kCoreContext |
+                                                             moxcore::config::kPlaygroundContext |
+                                                             moxcore::config::kApplicationContext;
+};
+
+bool IsSet(char const* variable) {
+  char const* const value = std::getenv(variable);
+  return value != nullptr && value[0] != '\0';
+}
+
+void PrintPages() {
+  for (PageDescriptor const& page : AllPages()) {
+    std::cout << page.name << '\n';
+  }
+}
+
+int RunWithPlatform(CommandLine const& line, Settings settings, std::optional<std::size_t> page, char* name) {
+  // The platform's own arguments are none of ours.
+  int count = 1;
+  std::vector<char*> arguments{name, nullptr};
+  auto const application = Application::Create(count, arguments.data());
+  if (!moxui::platform::FontsAvailable()) {
+    Complain(Text("$$$/playground/noFonts=There is no font to write with. Install one, such as Open Sans."));
+    return kFileFailed;
+  }
+  Module const module(application->GetDrawSupplier());
+  ProgramState state;
+  state.appearance = line.Over(settings.appearance);
+  state.page = page.value_or(FindPageOrFirst(settings.page));
+  bool const opened = state.audio.OpenFiles(line.files);
+  for (OpenFailure const& failure : state.audio.Failures()) {
+    Complain(failure.Sentence());
+  }
+  if (line.task == ProgramTask::kRender) {
+    if (auto const reason = RenderPages(state, line.renderDirectory, page)) {
+      Complain(*reason);
+      return kFileFailed;
+    }
+    return opened ? kAllWentWell : kFileFailed;
+  }
+  if (!line.files.empty() && !page) {
+    state.page = FindPage("audio");
+  }
+  return RunWindow(*application, state, std::move(settings), line.quitAfterFirstPaint);
+}
+
+int Run(std::vector<std::string> const& arguments, char* name) {
+  auto const [line, error] = ParseCommandLine(arguments);
+  if (!error.empty()) {
+    Complain(error);
+    std::cerr << Text("$$$/playground/commandline/seeHelp=Try \"playground --help\".") << std::endl;
+    return kNotUnderstood;
+  }
+  std::optional<std::size_t> page;
+  if (!line.page.empty()) {
+    page = FindPage(line.page);
+    if (*page == AllPages().size()) {
+      Complain(
+          Text("$$$/playground/commandline/noPage=There is no page \"@0\". The pages are:", {line.page}));
+      for (PageDescriptor const& known : AllPages()) {
+        std::cerr << "  " << known.name << '\n';
+      }
+      return kNotUnderstood;
+    }
+  }
+  switch (line.task) {
+    case ProgramTask::kHelp:
+      std::cout << HelpText();
+      return kAllWentWell;
+    case ProgramTask::kVersion:
+      std::cout << VersionText();
+      return kAllWentWell;
+    case ProgramTask::kList:
+      PrintPages();
+      return kAllWentWell;
+    case ProgramTask::kRender:
+      // Pictures need no screen, and are the same on all of them.
+      setenv("QT_QPA_PLATFORM", "offscreen", 0);
+      // What is remembered is about the window: pictures depend on the command line alone.
+      return RunWithPlatform(line, Settings(), page, name);
+    case ProgramTask::kOpenWindow:
+      break;
+  }
+  if (!IsSet("DISPLAY") && !IsSet("WAYLAND_DISPLAY") && !IsSet("QT_QPA_PLATFORM")) {
+    Complain(
+        Text("$$$/playground/noDisplay=There is no display to open a window on. Pictures of the pages can be "
+             "had with --render DIR."));
+    return kFileFailed;
+  }
+  return RunWithPlatform(line, LoadSettings(SettingsPath()), page, name);
+}
+
+}  // namespace
+
+int RunProgram(int argc, char** argv) {
+  // Before the command line is read, which may name a language.
+  moxcore::config::AddCataloguesFromModule(moxcore::utility::ModuleHandle::FromAddress(&kAllWentWell));
+  moxcore::config::SetApplicationName("moxmediaui Playground");
+  static char sName[] = "playground";
+  try {
+    return Run(std::vector<std::string>(argv + std::min(argc, 1), argv + argc), argc > 0 ? argv[0] : sName);
+  } catch (std::exception const& error) {
+    Complain(error.what());
+    return kFileFailed;
+  }
+}
+
+}  // namespace playground

@@ -1,0 +1,141 @@
+#include "program/Settings.h"
+
+#include "program/NumberText.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <fstream>
+#include <iterator>
+#include <system_error>
+
+namespace playground {
+namespace {
+
+constexpr std::size_t kLongestFile = 65536;
+constexpr std::size_t kLongestPageName = 64;
+
+int EdgeOr(std::string_view text, int smallest, int otherwise) {
+  auto const value = IntegerFromText(text);
+  if (!value || *value <= 0) {
+    return otherwise;
+  }
+  return static_cast<int>(std::clamp<std::int64_t>(*value, smallest, kLargestWindowEdge));
+}
+
+bool IsPageName(std::string_view text) {
+  return text.size() <= kLongestPageName && std::all_of(text.begin(), text.end(), [](char c) {
+           return (c >= 'a' && c <= 'z') || (c >= '0' && c <= '9') || c == '-';
+         });
+}
+
+void TakeLine(Settings& settings, std::string_view line) {
+  auto const equals = line.find('=');
+  if (equals == std::string_view::npos) {
+    return;
+  }
+  std::string_view const key = line.substr(0, equals);
+  std::string_view const value = line.substr(equals + 1);
+  Appearance& appearance = settings.appearance;
+  if (key == "width") {
+    settings.windowWidth = EdgeOr(value, kSmallestWindowWidth, settings.windowWidth);
+  } else if (key == "height") {
+    settings.windowHeight = EdgeOr(value, kSmallestWindowHeight, settings.windowHeight);
+  } else if (key == "page" && IsPageName(value)) {
+    settings.page = value;
+  } else if (key == "theme") {
+    appearance.theme = ThemeByName(value).value_or(appearance.theme);
+  } else if (key == "look") {
+    appearance.look = LookByName(value).value_or(appearance.look);
+  } else if (key == "language") {
+    appearance.language = LanguageByName(value).value_or(appearance.language);
+  } else if (key == "right-to-left") {
+    appearance.rightToLeft = value == "yes";
+  } else if (key == "scale") {
+    appearance.scale = ScaleFromText(value).value_or(appearance.scale);
+  }
+}
+
+}  // namespace
+
+Settings SettingsFromText(std::string_view text) {
+  Settings settings;
+  while (!text.empty()) {
+    auto const end = std::min(text.find('\n'), text.size());
+    std::string_view line = text.substr(0, end);
+    if (line.ends_with('\r')) {
+      line.remove_suffix(1);
+    }
+    TakeLine(settings, line);
+    text.remove_prefix(std::min(end + 1, text.size()));
+  }
+  return settings;
+}
+
+std::string TextFromSettings(Settings const& settings) {
+  Appearance const& appearance = settings.appearance;
+  std::string text;
+  auto const add = [&text](std::string_view key, std::string_view value) {
+    text.append(key).append("=").append(value).append("\n");
+  };
+  add("width", std::to_string(settings.windowWidth));
+  add("height", std::to_string(settings.windowHeight));
+  add("page", settings.page);
+  add("theme", ThemeName(appearance.theme));
+  add("look", LookName(appearance.look));
+  add("scale", TextFromNumber(appearance.scale, 4));
+  add("language", LanguageName(appearance.language));
+  add("right-to-left", appearance.rightToLeft ? "yes" : "no");
+  return text;
+}
+
+std::filesystem::path SettingsPath() {
+  std::filesystem::path base;
+  if (char const* const config = std::getenv("XDG_CONFIG_HOME"); config != nullptr && config[0] == '/') {
+    base = config;
+  } else if (char const* const home = std::getenv("HOME"); home != nullptr && home[0] == '/') {
+    base = std::filesystem::path(home) / ".config";
+  } else {
+    return {};
+  }
+  return base / "moxmediaui" / "playground.ini";
+}
+
+Settings LoadSettings(std::filesystem::path const& path) {
+  std::error_code error;
+  if (path.empty() || !std::filesystem::is_regular_file(path, error)) {
+    return {};
+  }
+  std::ifstream stream(path, std::ios::binary);
+  std::string text(kLongestFile, '\0');
+  stream.read(text.data(), static_cast<std::streamsize>(text.size()));
+  text.resize(static_cast<std::size_t>(std::max<std::streamsize>(stream.gcount(), 0)));
+  return SettingsFromText(text);
+}
+
+bool SaveSettings(std::filesystem::path const& path, Settings const& settings) {
+  if (path.empty()) {
+    return false;
+  }
+  std::error_code error;
+  std::filesystem::create_directories(path.parent_path(), error);
+  std::filesystem::path temporary = path;
+  temporary += ".new";
+  {
+    std::ofstream stream(temporary, std::ios::binary | std::ios::trunc);
+    stream << TextFromSettings(settings);
+    stream.close();
+    if (!stream) {
+      std::filesystem::remove(temporary, error);
+      return false;
+    }
+  }
+  std::filesystem::rename(temporary, path, error);
+  if (error) {
+    std::error_code ignored;
+    std::filesystem::remove(temporary, ignored);
+    return false;
+  }
+  return true;
+}
+
+}  // namespace playground

@@ -1,0 +1,55 @@
+#pragma once
+
+#include <moxui/ui/UI_SubView.h>
+
+#include <cstddef>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace playground {
+
+class AudioSession;
+class EventLog;
+
+// One page of the program: some controls at work. It shows one of its states, by their numbers.
+class Page : public moxui::ui::UI_SubView {
+ public:
+  virtual void ShowState(std::size_t state) = 0;
+  // How far the page is scrolled down, where it scrolls.
+  virtual float GetScrollOffset() const { return 0.0f; }
+  virtual void SetScrollOffset(float) {}
+};
+
+// What pages work with; all of it outlives them.
+struct PageContext {
+  AudioSession& audio;
+  EventLog& log;
+};
+
+// A state of a page: its name for files, and its title as a literal.
+struct PageState {
+  std::string_view name;
+  std::string_view title;
+};
+
+struct PageDescriptor {
+  std::string_view name;   // on the command line and in the names of pictures
+  std::string_view title;  // literals
+  std::string_view group;
+  std::string_view description;
+  std::vector<PageState> states;
+  std::function<moxcore::utility::IntrusivePtr<Page>(PageContext const&)> make;
+};
+
+// All pages, in the order of the list; pages of a group stand together.
+std::vector<PageDescriptor> const& AllPages();
+// The number of a page by its name; the number of pages when there is none.
+std::size_t FindPage(std::string_view name);
+// The same, but the first page when there is none.
+std::size_t FindPageOrFirst(std::string_view name);
+// The pages whose title, name or group has `text` in it, whatever the case.
+std::vector<std::size_t> PagesMatching(std::u16string_view text);
+
+}  // namespace playground

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "audio/AudioSession.h"
+#include "program/Appearance.h"
+#include "shell/EventLog.h"
+
+#include <cstddef>
+
+namespace playground {
+
+// What the program knows apart from its views, which come and go with language and look.
+struct ProgramState {
+  AudioSession audio;
+  EventLog log;
+  Appearance appearance;
+  std::size_t page = 0;
+  std::size_t stateOfPage = 0;
+};
+
+}  // namespace playground

@@ -1,0 +1,48 @@
+#pragma once
+
+#include "shell/MainView.h"
+#include "shell/ProgramState.h"
+
+#include <functional>
+
+namespace moxui::platform {
+struct FileRequest;
+class Window;
+}  // namespace moxui::platform
+namespace moxui::ui {
+class NodeTree;
+}
+
+namespace playground {
+
+// Puts the program's view into a tree, and makes it anew whenever theme, look, language or direction change.
+class Shell {
+ public:
+  // All outlive the shell. The appearance of the state is applied at once. Files are asked for above the
+  // window, where there is one.
+  Shell(ProgramState& state, moxui::ui::NodeTree& tree, moxui::platform::Window* window = nullptr);
+  ~Shell();
+  Shell(Shell const&) = delete;
+  Shell& operator=(Shell const&) = delete;
+
+  MainView& View() const { return *mView; }
+  void SetAppearance(Appearance const& appearance);
+  // Asks for files and opens them. Does nothing without a platform to ask with.
+  void AskForFiles();
+  // What it asks with.
+  moxui::platform::FileRequest RequestForFiles() const;
+
+  // Called after the appearance became another one, the scale included.
+  void SetAppearanceFunction(std::function<void(Appearance const&)> function);
+
+ private:
+  void Build();
+
+  ProgramState& mState;
+  moxui::ui::NodeTree& mTree;
+  moxui::platform::Window* mWindow;
+  std::function<void(Appearance const&)> mAppearanceFunction;
+  moxcore::utility::IntrusivePtr<MainView> mView;
+};
+
+}  // namespace playground

@@ -1,0 +1,45 @@
+#include "playground/StagedProgram.h"
+
+#include "audio/WaveformView.h"
+#include "program/AppearanceState.h"
+
+#include <stdexcept>
+
+namespace playground {
+
+ProgramState& StagedProgram::Begun(ProgramState& state, std::string_view page, Appearance const& appearance) {
+  state.appearance = appearance;
+  state.page = FindPage(page);
+  return state;
+}
+
+StagedProgram::StagedProgram(std::string_view page, Appearance const& appearance, moxui::ExtentT<float> size)
+    : stage(size), shell(Begun(state, page, appearance), stage.GetTree()) {
+  stage.PaintFrame();
+}
+
+StagedProgram::~StagedProgram() {
+  ApplyAppearance({});
+}
+
+AudioPage& StagedProgram::Audio() const {
+  return dynamic_cast<AudioPage&>(*shell.View().GetPage());
+}
+
+ControlPage& StagedProgram::Controls() const {
+  return dynamic_cast<ControlPage&>(*shell.View().GetPage());
+}
+
+moxui::PointT<float> StagedProgram::PointIn(moxui::ui::UI_Node const& node, float x, float y) {
+  moxui::RectT<float> const own = node.UI_GetLocalRectF(false);
+  moxui::RectT<float> const inTree = node.UI_ConvertRectTo(nullptr, own);
+  return {inTree.left + own.width * x, inTree.top + own.height * y};
+}
+
+double StagedProgram::SampleAt(moxui::PointT<float> point) const {
+  moxui::ui::UI_Node const& waveform = Audio().Waveform();
+  float const left = waveform.UI_ConvertRectTo(nullptr, waveform.UI_GetLocalRectF(false)).left;
+  return state.audio.View().SampleAt(point.x - left);
+}
+
+}  // namespace playground

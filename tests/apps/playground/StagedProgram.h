@@ -1,0 +1,37 @@
+#pragma once
+
+#include "audio/AudioPage.h"
+#include "controls/ControlPage.h"
+#include "shell/Shell.h"
+
+#include <moxui/testing/Stage.h>
+
+#include <string_view>
+
+namespace playground {
+
+// The program on a stage in place of a window.
+class StagedProgram {
+ public:
+  explicit StagedProgram(std::string_view page = "audio", Appearance const& appearance = {},
+                         moxui::ExtentT<float> size = {1200.0f, 800.0f});
+  ~StagedProgram();
+
+  AudioPage& Audio() const;
+  ControlPage& Controls() const;
+  AudioSession& Session() { return state.audio; }
+  // A point of a node's, in the tree's coordinates, by shares of its extent.
+  static moxui::PointT<float> PointIn(moxui::ui::UI_Node const& node, float x, float y = 0.5f);
+  // The sample at such a point of the waveform.
+  double SampleAt(moxui::PointT<float> point) const;
+  moxui::platform::Pixels Picture() { return stage.TakePicture(); }
+
+  ProgramState state;
+  moxui::testing::Stage stage;
+  Shell shell;
+
+ private:
+  static ProgramState& Begun(ProgramState& state, std::string_view page, Appearance const& appearance);
+};
+
+}  // namespace playground

@@ -1,0 +1,132 @@
+#include "controls/ControlPage.h"
+#include "controls/StatePreview.h"
+#include "playground/StagedProgram.h"
+#include "program/Localized.h"
+
+#include <moxui/controls/UI_Slider.h>
+#include <moxui/testing/ModalAnswers.h>
+#include <moxui/ui/UI_NodeManager.h>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <set>
+#include <string>
+
+namespace playground {
+namespace {
+
+using moxui::ui::KeyboardCode;
+using testing::HasSubstr;
+
+std::string LastLine(StagedProgram const& program) {
+  return program.state.log.Lines().empty() ? std::string() : To8(program.state.log.Lines().back().text);
+}
+
+TEST(ControlPage, EachStateOfEachPageHasAFaceOfItsOwn) {
+  for (PageDescriptor const& page : AllPages()) {
+    if (page.name == "audio") {
+      continue;
+    }
+    StagedProgram program(page.name);
+    std::set<std::vector<std::uint8_t>> pictures;
+    for (std::size_t state = 0; state < page.states.size(); ++state) {
+      // The heading of the column alone would make a difference: what is compared is what lies below it.
+      program.Controls().ShowState(state);
+      auto const& preview = program.Controls().Preview(0);
+      auto const rect =
+          moxui::RectT<int>(preview.UI_ConvertRectTo(nullptr, preview.UI_GetLocalRectF(false).Inset(-6.0f)));
+      auto const all = program.Picture();
+      std::vector<std::uint8_t> part;
+      for (int y = rect.top; y < rect.Bottom(); ++y) {
+        auto const row = all.bytes.begin() + (static_cast<std::ptrdiff_t>(y) * all.width + rect.left) * 4;
+        part.insert(part.end(), row, row + static_cast<std::ptrdiff_t>(rect.width) * 4);
+      }
+      EXPECT_TRUE(pictures.insert(part).second) << page.name << " " << page.states[state].name;
+    }
+  }
+}
+
+TEST(ControlPage, PreviewKeepsItsStateWhateverThePointerDoes) {
+  StagedProgram program("buttons");
+  program.Controls().ShowState(1);
+  auto const before = program.Picture();
+  auto const point = program.stage.CenterOf(program.Controls().Preview(0));
+  program.stage.Click(point);
+  program.stage.Leave();
+  EXPECT_EQ(program.Picture(), before);
+  EXPECT_TRUE(program.state.log.Lines().empty());
+}
+
+TEST(ControlPage, PreviewsLeaveTheWindowsTreeTheCurrentOne) {
+  StagedProgram program("popup");
+  program.Controls().ShowState(3);
+  EXPECT_EQ(moxui::ui::UI_NodeManager::Get(true)->GetCurrentTree(), &program.stage.GetTree());
+}
+
+TEST(ControlPage, LogHearsAClick) {
+  StagedProgram program("buttons");
+  program.stage.Click(program.stage.CenterOf(program.Controls().LiveControl(0)));
+  bool heard = false;
+  for (EventLog::Line const& line : program.state.log.Lines()) {
+    heard = heard || To8(line.text).find("changed") != std::string::npos;
+  }
+  EXPECT_TRUE(heard);
+}
+
+TEST(ControlPage, LogHearsThePhasesOfADrag) {
+  StagedProgram program("slider");
+  auto const middle = program.stage.CenterOf(program.Controls().LiveControl(0));
+  program.stage.Drag(middle, {middle.x + 30.0f, middle.y});
+  std::string all;
+  for (EventLog::Line const& line : program.state.log.Lines()) {
+    all += To8(line.text) + "\n";
+  }
+  EXPECT_THAT(all, HasSubstr("begin"));
+  EXPECT_THAT(all, HasSubstr("continue"));
+  EXPECT_THAT(all, HasSubstr("finish"));
+  EXPECT_THAT(all, HasSubstr("changed"));
+}
+
+TEST(ControlPage, LogHearsACancelledDrag) {
+  StagedProgram program("slider");
+  auto const middle = program.stage.CenterOf(program.Controls().LiveControl(0));
+  program.stage.Press(middle);
+  program.stage.Move({middle.x + 30.0f, middle.y});
+  program.stage.Key(KeyboardCode::kEscape);
+  program.stage.Release(middle);
+  std::string all;
+  for (EventLog::Line const& line : program.state.log.Lines()) {
+    all += To8(line.text) + "\n";
+  }
+  EXPECT_THAT(all, HasSubstr("cancel"));
+}
+
+TEST(ControlPage, LogHearsWhatWasChosenAndTyped) {
+  StagedProgram popup("popup");
+  moxui::testing::ModalAnswers answers;
+  answers.Expect(3);
+  popup.stage.Click(popup.stage.CenterOf(popup.Controls().LiveControl(0)));
+  EXPECT_THAT(LastLine(popup), HasSubstr("5.1 Surround"));
+
+  StagedProgram edit("text-edit");
+  edit.stage.Click(edit.stage.CenterOf(edit.Controls().LiveControl(1)));
+  edit.stage.Type(u"Take 9");
+  edit.stage.Key(KeyboardCode::kReturn);
+  EXPECT_THAT(LastLine(edit), HasSubstr("Take 9"));
+}
+
+TEST(EventLog, CountsEqualLinesAndForgetsOldOnes) {
+  EventLog log;
+  log.Add("one");
+  log.Add("one");
+  EXPECT_EQ(log.Lines().size(), 1u);
+  EXPECT_EQ(log.Lines().front().count, 2);
+  for (std::size_t i = 0; i < EventLog::kMostLines + 10; ++i) {
+    log.Add(std::to_string(i));
+  }
+  EXPECT_EQ(log.Lines().size(), EventLog::kMostLines);
+}
+
+}  // namespace
+}  // namespace playground

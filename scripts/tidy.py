@@ -3,7 +3,8 @@
 
 Most of the time of a run goes into the headers of packaged libraries, which every source drags in. So sources
 compiled alike are joined into batches, each checked as one file, and the findings are told in terms of the
-real files again. A batch whose members don't go together (two define the same name) is checked by halves.
+real files again. File-local names that two members share get a number each. A batch whose members don't go
+together all the same is checked by halves.
 """
 
 import argparse
@@ -16,14 +17,26 @@ import shlex
 import subprocess
 import sys
 
-LINES_PER_BATCH = 3000
-FILES_PER_BATCH = 16
+LINES_PER_BATCH = 4000
+FILES_PER_BATCH = 32
 NAME_BEFORE_DEFINITION = re.compile(r"\b([A-Za-z_]\w*)\s*(?:[({=;\[]|:(?!:))")
 DEFINITION_OF_TYPE = re.compile(r"\b(?:class|struct|enum class|enum|union)\s+([A-Za-z_]\w*)")
+NOT_A_NAME = re.compile(r"(TEST(_[FP])?|INSTANTIATE_\w+|BENCHMARK\w*)\(|namespace\b|template\b|using [^=]*;$")
 FINDING = re.compile(r"^(.*?):(\d+):(\d+): (error|warning|note): (.*)$")
 # Tests and benchmarks are free of what is asked of the product: path-sensitive analysis of test macros takes most
-# of the time and finds nothing of worth, and a test copies on purpose.
-CHECKS_OF_PRODUCT_ONLY = "-clang-analyzer-*,-performance-*"
+# of the time and finds nothing of worth, a test copies on purpose, its numbers are small and known, and using-
+# declarations look unused where members of a batch repeat them.
+CHECKS_OF_PRODUCT_ONLY = ",".join(
+    (
+        "-clang-analyzer-*",
+        "-performance-*",
+        "-bugprone-implicit-widening-of-multiplication-result",
+        "-bugprone-integer-division",
+        "-bugprone-misplaced-widening-cast",
+        "-bugprone-unused-raii",
+        "-misc-unused-using-decls",
+    )
+)
 INCLUDE = re.compile(r'^(\s*#\s*include\s*)"([^"]+)"')
 
 
@@ -64,10 +77,13 @@ def file_local_names(lines):
             local = True
         elif local and re.match(r"\}\s*// namespace$", line):
             local = False
+        elif re.match(NOT_A_NAME, line):
+            continue
         elif re.match(r"[A-Za-z_]", line) and (local or line.startswith("static ")):
-            names.update(NAME_BEFORE_DEFINITION.findall(line))
-            names.update(DEFINITION_OF_TYPE.findall(line))
-    return names - {"TEST", "TEST_F", "TEST_P", "INSTANTIATE_TEST_SUITE_P", "namespace", "using", "if", "return"}
+            name = DEFINITION_OF_TYPE.search(line) or NAME_BEFORE_DEFINITION.search(line)
+            if name:
+                names.add(name.group(1))
+    return names
 
 
 class Batch:
@@ -75,7 +91,6 @@ class Batch:
         self.flags = source.flags
         self.product = source.product
         self.sources = [source]
-        self.names = set(source.names)
 
     def takes(self, source):
         return (
@@ -85,12 +100,7 @@ class Batch:
             and source.product == self.product
             and len(self.sources) < FILES_PER_BATCH
             and sum(len(s.lines) for s in self.sources) + len(source.lines) <= LINES_PER_BATCH
-            and not self.names & source.names
         )
-
-    def add(self, source):
-        self.sources.append(source)
-        self.names |= source.names
 
 
 def batches_of(sources):
@@ -98,7 +108,7 @@ def batches_of(sources):
     for source in sources:
         for batch in batches:
             if batch.takes(source):
-                batch.add(source)
+                batch.sources.append(source)
                 break
         else:
             batches.append(Batch(source))
@@ -109,11 +119,18 @@ def joined(batch):
     """The text of a batch, and for each of its lines the file and line where it comes from."""
     lines = []
     origins = []
-    for source in batch.sources:
+    taken = set()
+    for index, source in enumerate(batch.sources):
+        shared = taken & source.names
+        taken |= source.names
+        # A member of the same name is meant where it is asked of something.
+        renaming = re.compile(rf"(?<![.:>\w\"])({'|'.join(sorted(shared))})\b") if shared else None
         for number, line in enumerate(source.lines, start=1):
             match = INCLUDE.match(line)
             if match and (source.path.parent / match.group(2)).is_file():
                 line = f'{match.group(1)}"{(source.path.parent / match.group(2)).resolve()}"'
+            elif renaming and not line.startswith("#"):
+                line = renaming.sub(rf"\1_{index}", line)
             lines.append(line)
             origins.append((source.relative, number))
     return "\n".join(lines) + "\n", origins
@@ -159,7 +176,7 @@ def halves(batch):
     for members in (batch.sources[:middle], batch.sources[middle:]):
         half = Batch(members[0])
         for source in members[1:]:
-            half.add(source)
+            half.sources.append(source)
         yield half
 
 

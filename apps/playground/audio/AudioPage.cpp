@@ -4,6 +4,7 @@
 #include "audio/AudioReadOut.h"
 #include "audio/ChannelGutter.h"
 #include "audio/OverviewBar.h"
+#include "audio/PeakProgress.h"
 #include "audio/PropertyPanel.h"
 #include "audio/TimeRulerView.h"
 #include "audio/WaveformView.h"
@@ -39,6 +40,9 @@ constexpr float kOverviewHeight = 40.0f;
 constexpr float kLineHeight = 20.0f;
 constexpr float kSoundsWidth = 220.0f;
 constexpr float kDismissWidth = 88.0f;
+// How often files are looked at whether they have changed, in milliseconds.
+constexpr int kPollTimer = 1;
+constexpr float kPollPeriod = 1000.0f;
 
 // The places to begin from, in the order of the page's states.
 enum class Situation { kWhole, kSelection, kSamples, kLayers, kFade, kNoSound };
@@ -79,6 +83,7 @@ AudioPage::AudioPage(PageContext const& context) : mSession(context.audio), mLog
                            "minus zoom, F shows all, Z the selection\\nShift and arrows select, Escape "
                            "selects nothing\\n1 to 9 switch channels off and on")),
                        400);
+  mProgress = MakeIntrusive<PeakProgress>(mSession);
   mPanel = MakeIntrusive<PropertyPanel>();
 
   for (moxcore::utility::IntrusivePtr<moxui::ui::UI_Node> const& child :
@@ -92,6 +97,7 @@ AudioPage::AudioPage(PageContext const& context) : mSession(context.audio), mLog
         {mOverview},
         {mReadOut},
         {mHint},
+        {mProgress},
         {mPanel}}) {
     ChildPushBack(child);
   }
@@ -134,6 +140,9 @@ OverviewBar& AudioPage::Overview() const {
 }
 PropertyPanel& AudioPage::Panel() const {
   return *mPanel;
+}
+PeakProgress& AudioPage::Progress() const {
+  return *mProgress;
 }
 
 float AudioPage::GetScrollOffset() const {
@@ -191,6 +200,11 @@ void AudioPage::SessionChanged(SessionChanges changes) {
     LayOut();
     UI_Invalidate();
   }
+  if (changes.Has(SessionChange::kPeaks)) {
+    mWaveform->UI_Invalidate();
+    mOverview->UI_Invalidate();
+    ShowProgress();
+  }
   if (changes.HasAny(SessionChange::kView | SessionChange::kSettings)) {
     mWaveform->ViewChanged();
     mOverview->UI_Invalidate();
@@ -217,16 +231,45 @@ void AudioPage::DocumentChanged() {
   mSounds->SetValue(shows ? static_cast<std::int64_t>(mSession.CurrentIndex()) : none);
   mSummary->SetValue(To16(mSession.Current().Summary()));
   mPanel->SetGroups(AudioProperties(mSession, CurrentAppearance().theme));
-  for (moxui::ui::UI_Node* const aboutSound : std::initializer_list<moxui::ui::UI_Node*>{
-           mHint.Get(), mRuler.Get(), mGutter.Get(), mOverview.Get()}) {
+  for (moxui::ui::UI_Node* const aboutSound :
+       std::initializer_list<moxui::ui::UI_Node*>{mRuler.Get(), mGutter.Get(), mOverview.Get()}) {
     aboutSound->UI_Show(mSession.HasSound());
   }
+  ShowProgress();
   mHoveredColumn.reset();
   mGutter->SessionChanged();
   LayOut();
   mWaveform->ViewChanged();
   UI_Invalidate();
   ShowReadOut();
+}
+
+void AudioPage::ShowProgress() {
+  // It takes the place of the hints while there is something to tell.
+  bool const shows = mProgress->Update();
+  mProgress->UI_Show(shows);
+  mHint->UI_Show(!shows && mSession.HasSound());
+}
+
+void AudioPage::UI_NodeChanged(moxui::ui::NodeChange change) {
+  Page::UI_NodeChanged(change);
+  if (change == moxui::ui::NodeChange::kAttached) {
+    UI_InstallTimer(kPollPeriod, kPollTimer);
+  }
+}
+
+bool AudioPage::UI_DoTimerNotify(int id) {
+  if (id != kPollTimer) {
+    return Page::UI_DoTimerNotify(id);
+  }
+  mSession.PollForChanges();
+  return true;
+}
+
+// The focus comes back with the window, when another program may just have written the file.
+void AudioPage::UI_FocusChanged(moxui::ui::FocusChangeReason reason) {
+  Page::UI_FocusChanged(reason);
+  mSession.PollForChanges();
 }
 
 std::string AudioPage::FailureText() const {
@@ -280,6 +323,7 @@ void AudioPage::LayOut() {
   float const line = wave.Bottom() + 8.0f + kOverviewHeight + 8.0f;
   place(*mReadOut, {wave.left, line, wave.width, kLineHeight});
   place(*mHint, {wave.left, line + kLineHeight, wave.width, kLineHeight});
+  place(*mProgress, {wave.left, line + kLineHeight, wave.width, kLineHeight});
   place(*mPanel, {own.width - kPanelWidth, 0.0f, kPanelWidth, own.height});
 }
 

@@ -15,6 +15,7 @@ namespace playground {
 
 class ChannelGutter;
 class OverviewBar;
+class PeakProgress;
 class PropertyPanel;
 class TimeRulerView;
 class WaveformView;
@@ -36,6 +37,7 @@ class AudioPage : public Page {
   ChannelGutter& Gutter() const;
   OverviewBar& Overview() const;
   PropertyPanel& Panel() const;
+  PeakProgress& Progress() const;
   moxui::controls::UI_Popup& Sounds() const { return *mSounds; }
   // What the line about failures says; empty when there are none.
   std::string FailureText() const;
@@ -47,11 +49,15 @@ class AudioPage : public Page {
   void UI_Draw(moxui::scriber::Scriber* scriber) const override;
   void UI_SizeChanged(moxui::RectT<float> const& rect) override;
   void UI_ScaleChanged(float scale) override;
+  void UI_NodeChanged(moxui::ui::NodeChange change) override;
+  bool UI_DoTimerNotify(int id) override;
+  void UI_FocusChanged(moxui::ui::FocusChangeReason reason) override;
 
  private:
   void SessionChanged(SessionChanges changes);
   void DocumentChanged();
   void LayOut();
+  void ShowProgress();
   void ShowReadOut();
   void LogSelection();
   void PropertyChanged(Property const& property, std::string const& value);
@@ -72,6 +78,7 @@ class AudioPage : public Page {
   moxcore::utility::IntrusivePtr<OverviewBar> mOverview;
   moxcore::utility::IntrusivePtr<moxui::controls::UI_StaticText> mReadOut;
   moxcore::utility::IntrusivePtr<moxui::controls::UI_StaticText> mHint;
+  moxcore::utility::IntrusivePtr<PeakProgress> mProgress;
   moxcore::utility::IntrusivePtr<PropertyPanel> mPanel;
   std::optional<int> mHoveredColumn;
 };

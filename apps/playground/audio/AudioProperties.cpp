@@ -5,8 +5,6 @@
 #include "program/Localized.h"
 #include "program/NumberText.h"
 
-#include <moxaudiotoolkit/DecodedAudio.h>
-
 #include <algorithm>
 #include <cmath>
 #include <string>
@@ -95,11 +93,11 @@ class Maker {
 
   // A sample position of a fade, in seconds along the slider.
   Property Position(std::string id, std::string label, std::int64_t WaveformSettings::*field) const {
-    auto const& audio = mSession.Current().audio;
-    double const rate = audio ? audio->GetSampleRate() : 1.0;
+    AudioDocument const& document = mSession.Current();
+    double const rate = std::max(document.SampleRate(), 1);
     NumberProperty number;
     number.low = 0.0;
-    number.high = audio ? std::max(audio->GetDuration(), 1.0 / rate) : 1.0;
+    number.high = mSession.HasSound() ? std::max(document.Duration(), 1.0 / rate) : 1.0;
     number.step = number.high / 100.0;
     number.get = [&session = mSession, field, rate] {
       return static_cast<double>(session.Settings().*field) / rate;

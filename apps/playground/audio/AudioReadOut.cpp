@@ -5,8 +5,6 @@
 #include "audio/TimeRuler.h"
 #include "program/Localized.h"
 
-#include <moxaudiotoolkit/DecodedAudio.h>
-
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -35,11 +33,10 @@ std::string DecibelText(double amplitude) {
 }
 
 std::string SelectionText(AudioSession const& session) {
-  auto const& audio = session.Current().audio;
-  if (!audio) {
+  int const rate = session.Current().SampleRate();
+  if (rate == 0) {
     return {};
   }
-  int const rate = audio->GetSampleRate();
   double const resolution = ResolutionOf(session, rate);
   auto const time = [&](std::int64_t sample) {
     return TimeText(static_cast<double>(sample) / rate, resolution);
@@ -55,11 +52,10 @@ std::string SelectionText(AudioSession const& session) {
 
 std::string AudioReadOut(AudioSession const& session, std::optional<int> column,
                          std::function<float(std::size_t channel, int column)> const& amplitude) {
-  auto const& audio = session.Current().audio;
-  if (!audio || !column) {
+  int const rate = session.Current().SampleRate();
+  if (rate == 0 || !column) {
     return SelectionText(session);
   }
-  int const rate = audio->GetSampleRate();
   double const sample = std::floor(session.View().SampleAt(*column));
   std::string text = Text("$$$/playground/audio/pointerAt=@0, sample @1",
                           {TimeText(sample / rate, ResolutionOf(session, rate)),

@@ -1,12 +1,10 @@
 #include "audio/AudioSession.h"
 
-#include <moxaudiotoolkit/DecodedAudio.h>
-
 #include <utility>
 
 namespace playground {
 
-AudioSession::AudioSession() {
+AudioSession::AudioSession() : mBell([this] { TakeNews(); }) {
   mDocuments.push_back(DemoDocument());
   Begin(0);
 }
@@ -24,7 +22,7 @@ bool AudioSession::DrawsSamples() const {
 void AudioSession::Begin(std::size_t index) {
   mCurrent = index;
   AudioDocument const& document = Current();
-  std::int64_t const frames = document.audio ? document.audio->GetFrameCount() : 0;
+  std::int64_t const frames = document.Frames();
   mView.SetFrames(frames);
   mSelection.SetFrames(frames);
   mSettings.SetChannelCount(document.ChannelCount());
@@ -57,28 +55,120 @@ void AudioSession::ShowDocument(std::size_t index) {
   }
 }
 
-bool AudioSession::OpenFiles(std::vector<std::string> const& paths) {
+void AudioSession::OpenFiles(std::vector<std::string> const& paths) {
   if (paths.empty()) {
-    return true;
+    return;
   }
-  std::size_t const first = mDocuments.size();
   mFailures.clear();
+  mShowsNextOpened = true;
+  moxaudiotoolkit::FilePeaksOptions options = mPeaksOptions;
+  options.onChange = mBell.Rope();
   for (std::string const& path : paths) {
-    OpenFailure failure;
-    if (auto document = OpenAudioDocument(path, failure)) {
-      mDocuments.push_back(std::move(*document));
+    mOpening.emplace_back(path, options);
+  }
+  Tell(SessionChange::kFailures | SessionChange::kPeaks);
+}
+
+void AudioSession::AddDocument(AudioDocument document) {
+  mDocuments.push_back(std::move(document));
+  ShowDocument(mDocuments.size() - 1);
+}
+
+// Files that are open by now join the documents, up to the first that isn't.
+SessionChanges AudioSession::TakeOpened() {
+  SessionChanges changes;
+  while (!mOpening.empty()) {
+    AudioDocument& next = mOpening.front();
+    next.Refresh();
+    if (next.ChannelCount() > 0) {
+      mDocuments.push_back(std::move(next));
+      if (std::exchange(mShowsNextOpened, false)) {
+        Begin(mDocuments.size() - 1);
+      }
+      changes.Set(SessionChange::kDocument);
+    } else if (next.CurrentState() == AudioDocument::State::kFailed) {
+      mFailures.push_back(next.Failure());
+      if (mFailureFunction) {
+        mFailureFunction(mFailures.back());
+      }
+      changes.Set(SessionChange::kFailures);
     } else {
-      mFailures.push_back(std::move(failure));
+      break;
+    }
+    mOpening.erase(mOpening.begin());
+  }
+  return changes;
+}
+
+void AudioSession::ForgetGivenUp() {
+  std::erase_if(mGivenUp, [](AudioDocument& document) {
+    document.Refresh();
+    return document.CurrentState() == AudioDocument::State::kFailed ||
+           document.CurrentState() == AudioDocument::State::kCancelled ||
+           document.CurrentState() == AudioDocument::State::kDone;
+  });
+}
+
+void AudioSession::TakeNews() {
+  ForgetGivenUp();
+  SessionChanges changes = TakeOpened();
+  for (std::size_t i = 0; i < mDocuments.size(); ++i) {
+    bool const isAnother = mDocuments[i].Refresh();
+    if (isAnother && i == mCurrent) {
+      Begin(i);
+      changes.Set(SessionChange::kDocument);
     }
   }
-  SessionChanges changes = SessionChange::kFailures;
-  if (mDocuments.size() > first) {
-    Begin(first);
-    changes.Set(SessionChange::kDocument);
-  }
-  bool const allWentWell = mFailures.empty();
+  changes.Set(SessionChange::kPeaks);
   Tell(changes);
-  return allWentWell;
+}
+
+void AudioSession::WaitForOpening() {
+  while (!mOpening.empty()) {
+    mBell.WaitAndAnswer();
+  }
+}
+
+void AudioSession::WaitForPeaks() {
+  WaitForOpening();
+  for (AudioDocument& document : mDocuments) {
+    document.WaitForPeaks();
+  }
+  TakeNews();
+}
+
+void AudioSession::CancelOpening() {
+  // An opening that hangs would have the window hang with it if it were waited for.
+  for (AudioDocument& document : mOpening) {
+    document.Cancel();
+    mGivenUp.push_back(std::move(document));
+  }
+  mOpening.clear();
+  ForgetGivenUp();
+  Tell(SessionChange::kPeaks);
+}
+
+void AudioSession::CancelPeaks() {
+  if (mCurrent < mDocuments.size()) {
+    mDocuments[mCurrent].Cancel();
+  }
+}
+
+void AudioSession::RestartPeaks() {
+  if (mCurrent < mDocuments.size()) {
+    mDocuments[mCurrent].Restart();
+    TakeNews();
+  }
+}
+
+void AudioSession::PollForChanges() {
+  bool hasChanged = false;
+  for (AudioDocument& document : mDocuments) {
+    hasChanged = document.PollForChange() || hasChanged;
+  }
+  if (hasChanged) {
+    TakeNews();
+  }
 }
 
 void AudioSession::ForgetFailures() {

@@ -4,12 +4,14 @@
 #include "audio/SampleSelection.h"
 #include "audio/Viewport.h"
 #include "audio/WaveformSettings.h"
+#include "shell/MainThreadBell.h"
 
 #include <moxui/geometry/Flags.h>
 
 #include <cstddef>
 #include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace playground {
@@ -21,6 +23,7 @@ inline constexpr unsigned kView = 2;       // the part that is shown
 inline constexpr unsigned kSelection = 4;  // what is selected
 inline constexpr unsigned kSettings = 8;   // how it is drawn
 inline constexpr unsigned kFailures = 16;  // files that couldn't be opened
+inline constexpr unsigned kPeaks = 32;     // more of the current sound is known, or the work on it goes on
 }  // namespace SessionChange
 using SessionChanges = moxui::Flags<unsigned>;
 
@@ -30,6 +33,10 @@ class AudioSession {
  public:
   // Begins with the program's own sound.
   AudioSession();
+  AudioSession(AudioSession const&) = delete;
+  AudioSession& operator=(AudioSession const&) = delete;
+  // How files that are opened from now on get their peaks; onChange is the session's.
+  void SetPeaksOptions(moxaudiotoolkit::FilePeaksOptions options) { mPeaksOptions = std::move(options); }
 
   std::vector<AudioDocument> const& Documents() const { return mDocuments; }
   // The number of documents stands for no sound at all, and so does a document without channels.
@@ -37,12 +44,34 @@ class AudioSession {
   AudioDocument const& Current() const;
   bool HasSound() const { return Current().ChannelCount() > 0; }
   void ShowDocument(std::size_t index);
-  // Opens what can be opened and shows the first of it; the rest is added to the failures. Failures of an
-  // earlier call are forgotten. True if all went well.
-  bool OpenFiles(std::vector<std::string> const& paths);
+  // Has files opened on other threads and returns. What can be opened joins the documents in the order of
+  // `paths`, and the first of it is shown; the rest joins the failures. Failures of an earlier call are
+  // forgotten.
+  void OpenFiles(std::vector<std::string> const& paths);
+  // Shows a sound that is open already.
+  void AddDocument(AudioDocument document);
+  // Files that are still being opened.
+  std::vector<AudioDocument> const& Opening() const { return mOpening; }
+  // Returns when all files are opened or have failed, or, further, when all peaks are there: for programs
+  // and tests that don't run an event loop.
+  void WaitForOpening();
+  void WaitForPeaks();
+  // Gives up the files that are still being opened.
+  void CancelOpening();
+  // Ends the work on the current sound's peaks, or begins it anew.
+  void CancelPeaks();
+  void RestartPeaks();
+  // Takes over what other threads have done by now; happens by itself where an event loop runs.
+  void Refresh() { TakeNews(); }
+  // Looks whether files have changed, and has the peaks of those that have made anew.
+  void PollForChanges();
 
   std::vector<OpenFailure> const& Failures() const { return mFailures; }
   void ForgetFailures();
+  // Hears of each file that can't be opened, when it is known.
+  void SetFailureFunction(std::function<void(OpenFailure const&)> function) {
+    mFailureFunction = std::move(function);
+  }
 
   Viewport const& View() const { return mView; }
   SampleSelection const& Selection() const { return mSelection; }
@@ -65,10 +94,19 @@ class AudioSession {
  private:
   void Tell(SessionChanges changes);
   void Begin(std::size_t index);
+  SessionChanges TakeOpened();
+  void ForgetGivenUp();
+  void TakeNews();
 
+  MainThreadBell mBell;  // rung by threads that work for the documents
+  moxaudiotoolkit::FilePeaksOptions mPeaksOptions;
   std::vector<AudioDocument> mDocuments;
+  std::vector<AudioDocument> mOpening;
+  std::vector<AudioDocument> mGivenUp;  // until their threads have ended
+  bool mShowsNextOpened = false;
   std::size_t mCurrent = 0;
   std::vector<OpenFailure> mFailures;
+  std::function<void(OpenFailure const&)> mFailureFunction;
   Viewport mView;
   SampleSelection mSelection;
   WaveformSettings mSettings;

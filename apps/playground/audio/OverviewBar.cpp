@@ -7,8 +7,8 @@
 #include "shell/DevicePixels.h"
 #include "shell/Painting.h"
 
-#include <moxaudiotoolkit/DecodedAudio.h>
-#include <moxaudiotoolkit/waveform/QueryWaveform.h>
+#include <moxaudiotoolkit/peaks/PeakPyramid.h>
+#include <moxaudiotoolkit/waveform/QueryPyramid.h>
 #include <moxcore/config/Errors.h>
 #include <moxmediaui/WaveformDraw.h>
 #include <moxui/scriber/Drawing.h>
@@ -67,7 +67,7 @@ void OverviewBar::UI_Draw(moxui::scriber::Scriber* scriber) const {
   float const scale = scriber->GetSurface()->GetScale();
   int const columns = static_cast<int>(std::lround(own.width * scale));
   int const rows = static_cast<int>(std::lround(own.height * scale));
-  if (!mSession.Current().audio || columns < 1 || rows < 1) {
+  if (!mSession.Current().Pyramid() || columns < 1 || rows < 1) {
     return;
   }
   try {
@@ -91,13 +91,17 @@ void OverviewBar::UI_Draw(moxui::scriber::Scriber* scriber) const {
 
 void OverviewBar::DrawSound(moxui::scriber::Scriber& scriber, moxui::ColorRGBA const& ground, int columns,
                             int rows, float scale) const {
-  auto const& audio = mSession.Current().audio;
-  double const samplesPerPixel = std::max(static_cast<double>(audio->GetFrameCount()) / columns, 1e-3);
-  if (mDrawnAudio != audio || mDrawnWidth != columns) {
-    mDrawnAudio = audio;
+  auto const& pyramid = mSession.Current().Pyramid();
+  double const samplesPerPixel = std::max(static_cast<double>(pyramid->GetFrameCount()) / columns, 1e-3);
+  // What is drawn while peaks arrive is asked for again as soon as there are more.
+  std::int64_t const pages = pyramid->GetPagesDone();
+  if (mDrawnPeaks != pyramid || mDrawnPages != pages || mDrawnWidth != columns) {
+    mDrawnPeaks = pyramid;
+    mDrawnPages = pages;
     mDrawnWidth = columns;
     mData = moxaudiotoolkit::waveform::QueryWaveform(
-        audio, 0.0, samplesPerPixel, columns, {.detail = moxaudiotoolkit::waveform::WaveformDetail::kPeaks});
+        *pyramid, nullptr, 0.0, samplesPerPixel, columns,
+        {.detail = moxaudiotoolkit::waveform::WaveformDetail::kPeaks});
   }
   moxmediaui::WaveformDraw draw;
   draw.SetBackgroundColor(ground);
@@ -201,11 +205,10 @@ moxcore::Utf8String OverviewBar::UI_GetAccessibleName() const {
 }
 
 moxcore::Utf8String OverviewBar::UI_GetAccessibleValue() const {
-  auto const& audio = mSession.Current().audio;
-  if (!audio) {
+  if (!mSession.HasSound()) {
     return {};
   }
-  double const rate = audio->GetSampleRate();
+  double const rate = mSession.Current().SampleRate();
   Viewport const& view = mSession.View();
   double const end = std::min(view.Left() + view.VisibleSamples(), static_cast<double>(view.Frames()));
   return moxcore::Utf8String(Text("$$$/playground/audio/overviewValue=@0 to @1",

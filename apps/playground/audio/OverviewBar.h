@@ -3,13 +3,14 @@
 #include <moxui/geometry/ColorRGBA.h>
 #include <moxui/ui/UI_Node.h>
 
+#include <cstdint>
 #include <memory>
 
 namespace moxaudiotoolkit::waveform {
 class WaveformData;
 }
 namespace moxaudiotoolkit {
-class DecodedAudio;
+class PeakPyramid;
 }
 
 namespace playground {
@@ -45,7 +46,8 @@ class OverviewBar : public moxui::ui::UI_Node {
   void DrawFocus(moxui::scriber::Scriber* scriber) const;
 
   AudioSession& mSession;
-  mutable std::shared_ptr<moxaudiotoolkit::DecodedAudio const> mDrawnAudio;
+  mutable std::shared_ptr<moxaudiotoolkit::PeakPyramid const> mDrawnPeaks;
+  mutable std::int64_t mDrawnPages = 0;
   mutable std::shared_ptr<moxaudiotoolkit::waveform::WaveformData> mData;
   mutable int mDrawnWidth = 0;
   bool mIsDragged = false;

@@ -5,7 +5,6 @@
 #include "program/Localized.h"
 #include "shell/Painting.h"
 
-#include <moxaudiotoolkit/DecodedAudio.h>
 #include <moxui/scriber/Drawing.h>
 #include <moxui/ui/MouseEvent.h>
 
@@ -28,14 +27,14 @@ void TimeRulerView::UI_Draw(moxui::scriber::Scriber* scriber) const {
   UI_ClipToSelf(scriber);
   moxui::utils::DrawRect(scriber, {0.0f, own.height - 1.0f, own.width, 1.0f},
                          ThemeColor(ThemeColorID::kGray3));
-  auto const& audio = mSession.Current().audio;
-  if (!audio || own.width < 1.0f) {
+  int const rate = mSession.Current().SampleRate();
+  if (rate == 0 || own.width < 1.0f) {
     return;
   }
   Viewport const& view = mSession.View();
   float const columnsPerPixel = static_cast<float>(view.Width()) / own.width;
   for (RulerTick const& tick :
-       RulerTicks(view, audio->GetSampleRate(), kRulerLabelDistance * static_cast<double>(columnsPerPixel))) {
+       RulerTicks(view, rate, kRulerLabelDistance * static_cast<double>(columnsPerPixel))) {
     float const x = std::floor(static_cast<float>(tick.column)) / columnsPerPixel;
     bool const labelled = !tick.label.empty();
     float const height = labelled ? own.height : kTickHeight;

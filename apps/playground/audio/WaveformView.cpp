@@ -2,14 +2,13 @@
 
 #include "audio/AudioSession.h"
 #include "audio/TimeRuler.h"
+#include "audio/WaveformFeed.h"
 #include "audio/WaveformKeys.h"
 #include "program/AppearanceState.h"
 #include "program/Localized.h"
 #include "shell/DevicePixels.h"
 #include "shell/Painting.h"
 
-#include <moxaudiotoolkit/DecodedAudio.h>
-#include <moxaudiotoolkit/waveform/QueryWaveform.h>
 #include <moxcore/config/Errors.h>
 #include <moxui/scriber/Drawing.h>
 #include <moxui/scriber/Scriber.h>
@@ -25,7 +24,6 @@
 namespace playground {
 namespace {
 
-namespace waveform = moxaudiotoolkit::waveform;
 using moxui::RectT;
 using moxui::ui::ModKeys;
 using moxui::ui::MouseButton;
@@ -41,29 +39,10 @@ constexpr double kLargestScrollStep = 48.0;
 constexpr float kFocusRingDistance = 1.0f;
 constexpr float kFocusRingWidth = 2.0f;
 
-waveform::WaveformDetail DetailOf(DetailChoice choice) {
-  switch (choice) {
-    case DetailChoice::kPeaks:
-      return waveform::WaveformDetail::kPeaks;
-    case DetailChoice::kSamples:
-      return waveform::WaveformDetail::kSamples;
-    case DetailChoice::kAutomatic:
-      break;
-  }
-  return waveform::WaveformDetail::kAutomatic;
-}
-
 }  // namespace
 
-// One question to the audio toolkit, with the answer.
-struct WaveformView::Request {
-  std::shared_ptr<moxaudiotoolkit::DecodedAudio const> audio;
-  Viewport view;
-  DetailChoice detail = DetailChoice::kAutomatic;
-  std::shared_ptr<Data> data;
-};
-
-WaveformView::WaveformView(AudioSession& session) : mSession(session), mRequest(std::make_unique<Request>()) {
+WaveformView::WaveformView(AudioSession& session)
+    : mSession(session), mFeed(std::make_unique<WaveformFeed>()) {
   mCursor = session.Selection().Head();
 }
 
@@ -73,19 +52,8 @@ int WaveformView::Columns(float scale) const {
   return std::max(static_cast<int>(std::lround(UI_GetLocalRectF(false).width * scale)), 0);
 }
 
-std::shared_ptr<waveform::WaveformData> WaveformView::DataFor(Viewport const& view) const {
-  auto const& audio = mSession.Current().audio;
-  DetailChoice const detail = mSession.Settings().detail;
-  Request& request = *mRequest;
-  if (!request.data || request.audio != audio || !(request.view == view) || request.detail != detail) {
-    request.audio = audio;
-    request.view = view;
-    request.detail = detail;
-    request.data = audio ? waveform::QueryWaveform(audio, view.Left(), view.SamplesPerPixel(), view.Width(),
-                                                   {.detail = DetailOf(detail)})
-                         : std::make_shared<Data>();
-  }
-  return request.data;
+std::shared_ptr<WaveformView::Data> WaveformView::DataFor(Viewport const& view) const {
+  return mFeed->DataFor(mSession.Current(), view, mSession.Settings().detail);
 }
 
 void WaveformView::PrepareDraw(Viewport const& view, int rows, float scale) const {
@@ -96,8 +64,7 @@ void WaveformView::PrepareDraw(Viewport const& view, int rows, float scale) cons
   double const drawScale = settings.drawScale.value_or(scale);
   mDraw.SetHorizontalGridlinePositions(
       AmplitudeGrid(settings, rows, static_cast<int>(document.ChannelCount()), drawScale));
-  int const rate = document.audio ? document.audio->GetSampleRate() : 0;
-  mDraw.SetVerticalGridlinePositions(TimeGrid(settings, view, rate, scale));
+  mDraw.SetVerticalGridlinePositions(TimeGrid(settings, view, document.SampleRate(), scale));
   RectT<int> ignored;
   mDraw.SetSelection({0, 0, view.Width(), rows}, mSession.Selection().Left(), mSession.Selection().Width(),
                      ignored);
@@ -397,11 +364,10 @@ moxcore::Utf8String WaveformView::UI_GetAccessibleName() const {
 }
 
 moxcore::Utf8String WaveformView::UI_GetAccessibleValue() const {
-  auto const& audio = mSession.Current().audio;
-  if (!audio) {
+  if (!mSession.HasSound()) {
     return {};
   }
-  double const rate = audio->GetSampleRate();
+  double const rate = mSession.Current().SampleRate();
   auto const time = [rate](std::int64_t sample) {
     return TimeText(static_cast<double>(sample) / rate, 0.001);
   };

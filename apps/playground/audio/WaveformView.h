@@ -16,6 +16,7 @@ namespace playground {
 
 class AudioSession;
 class Viewport;
+class WaveformFeed;
 
 // The waveform of a session's sound, a column to each device pixel, with the selection and the place of the
 // cursor. By hand: a drag selects, with shift it moves the nearer end; the wheel zooms at the pointer, with
@@ -74,11 +75,10 @@ class WaveformView : public moxui::ui::UI_Node {
   void DrawFocus(moxui::scriber::Scriber* scriber) const;
   moxui::RectT<float> CursorRect(std::int64_t sample) const;
 
-  struct Request;
   AudioSession& mSession;
   HoverFunction mHover;
   mutable moxmediaui::WaveformDraw mDraw;
-  mutable std::unique_ptr<Request> mRequest;  // the last question and its answer
+  std::unique_ptr<WaveformFeed> mFeed;
   Drag mDrag = Drag::kNone;
   float mDragX = 0.0f;
   bool mSpaceIsDown = false;

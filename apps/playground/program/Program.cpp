@@ -8,6 +8,7 @@
 #include "shell/Page.h"
 #include "shell/ProgramState.h"
 
+#include <moxaudiotoolkit/peaks/PeakCache.h>
 #include <moxcore/config/ApplicationName.h>
 #include <moxcore/config/InitializerRegistrar.h>
 #include <moxcore/config/ModuleCatalogues.h>
@@ -20,6 +21,7 @@
 #include <cstdlib>
 #include <exception>
 #include <iostream>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -64,6 +66,16 @@ void PrintPages() {
   }
 }
 
+// Peaks of sounds are kept for the next time, in a folder of the user's.
+moxaudiotoolkit::FilePeaksOptions KeepingPeaks() {
+  std::string const folder = moxaudiotoolkit::PeakCache::GetDefaultDirectory();
+  moxaudiotoolkit::FilePeaksOptions options;
+  if (!folder.empty()) {
+    options.cache = std::make_shared<moxaudiotoolkit::PeakCache>(folder);
+  }
+  return options;
+}
+
 int RunWithPlatform(CommandLine const& line, Settings settings, std::optional<std::size_t> page, char* name) {
   // The platform's own arguments are none of ours.
   int count = 1;
@@ -77,16 +89,19 @@ int RunWithPlatform(CommandLine const& line, Settings settings, std::optional<st
   ProgramState state;
   state.appearance = line.Over(settings.appearance);
   state.page = page.value_or(FindPageOrFirst(settings.page));
-  bool const opened = state.audio.OpenFiles(line.files);
-  for (OpenFailure const& failure : state.audio.Failures()) {
-    Complain(failure.Sentence());
+  state.audio.SetFailureFunction([](OpenFailure const& failure) { Complain(failure.Sentence()); });
+  if (line.task != ProgramTask::kRender) {
+    state.audio.SetPeaksOptions(KeepingPeaks());
   }
+  state.audio.OpenFiles(line.files);
   if (line.task == ProgramTask::kRender) {
+    // Pictures are of whole sounds.
+    state.audio.WaitForPeaks();
     if (auto const reason = RenderPages(state, line.renderDirectory, page)) {
       Complain(*reason);
       return kFileFailed;
     }
-    return opened ? kAllWentWell : kFileFailed;
+    return state.audio.Failures().empty() ? kAllWentWell : kFileFailed;
   }
   if (!line.files.empty() && !page) {
     state.page = FindPage("audio");

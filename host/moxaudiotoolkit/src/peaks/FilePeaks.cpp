@@ -1,3 +1,4 @@
+#include <moxaudiotoolkit/AudioFileError.h>
 #include <moxaudiotoolkit/peaks/FilePeaks.h>
 #include <moxaudiotoolkit/peaks/PeakBuilder.h>
 #include <moxaudiotoolkit/peaks/PeakCache.h>
@@ -10,6 +11,7 @@
 #include <cstdint>
 #include <exception>
 #include <mutex>
+#include <new>
 #include <optional>
 #include <thread>
 #include <utility>
@@ -46,7 +48,10 @@ class FilePeaks::Worker {
     Start();
   }
 
-  ~Worker() { End(); }
+  ~Worker() {
+    Cancel();
+    Wait();
+  }
 
   std::shared_ptr<const PeakPyramid> GetPyramid() const {
     const std::lock_guard lock(mMutex);
@@ -65,7 +70,12 @@ class FilePeaks::Worker {
 
   std::string GetProblem() const {
     const std::lock_guard lock(mMutex);
-    return mProblem;
+    return mProblem.text;
+  }
+
+  std::string GetReason() const {
+    const std::lock_guard lock(mMutex);
+    return mProblem.reason;
   }
 
   bool CameFromCache() const {
@@ -74,11 +84,9 @@ class FilePeaks::Worker {
   }
 
   void Cancel() {
-    mCancelled = true;
     const std::lock_guard lock(mMutex);
-    if (mBuilder != nullptr) {
-      mBuilder->Cancel();
-    }
+    mAgain = false;
+    CancelLocked();
   }
 
   void Wait() {
@@ -88,29 +96,60 @@ class FilePeaks::Worker {
   }
 
   bool PollForChange() {
-    if (StampOf(mPath) == mStamp) {
-      return false;
+    {
+      const std::lock_guard lock(mMutex);
+      if (StampOf(mPath) == mStamp) {
+        return false;
+      }
     }
-    End();
-    Start();
+    Restart();
     return true;
   }
 
- private:
-  void Start() {
-    mStamp = StampOf(mPath);
-    mCancelled = false;
+  void Restart() {
     {
       const std::lock_guard lock(mMutex);
-      mState = State::kOpening;
-      mProblem.clear();
+      if (!mHasEnded) {
+        // The thread goes on with the new work as soon as it has left the old.
+        mStamp = StampOf(mPath);
+        mAgain = true;
+        CancelLocked();
+        return;
+      }
+    }
+    Wait();
+    Start();
+  }
+
+ private:
+  // What went wrong, with the name of the file and without.
+  struct Problem {
+    std::string text;
+    std::string reason;
+  };
+
+  void Start() {
+    {
+      const std::lock_guard lock(mMutex);
+      mStamp = StampOf(mPath);
+      mHasEnded = false;
+      BeginLocked();
     }
     mThread = std::thread([this] { Run(); });
   }
 
-  void End() {
-    Cancel();
-    Wait();
+  void BeginLocked() {
+    mAgain = false;
+    mCancelled = false;
+    mState = State::kOpening;
+    mProblem = {};
+  }
+
+  void CancelLocked() {
+    mCancelled = true;
+    if (mBuilder != nullptr) {
+      mBuilder->Cancel();
+    }
   }
 
   void SetState(State state) {
@@ -123,7 +162,7 @@ class FilePeaks::Worker {
     }
   }
 
-  void SetProblem(std::string problem) {
+  void SetProblem(Problem problem) {
     const std::lock_guard lock(mMutex);
     mProblem = std::move(problem);
   }
@@ -138,17 +177,50 @@ class FilePeaks::Worker {
   }
 
   void Run() {
-    State end = State::kFailed;
-    try {
-      end = Make();
-    } catch (const std::exception& error) {
-      SetProblem(error.what());
+    for (bool again = true; again;) {
+      const State end = MakeOrFail();
+      {
+        const std::lock_guard lock(mMutex);
+        again = mAgain;
+        mHasEnded = !again;
+        if (again) {
+          BeginLocked();
+        } else {
+          mState = end;
+        }
+      }
+      if (mOptions.onChange) {
+        mOptions.onChange();
+      }
     }
-    SetState(end);
+  }
+
+  State MakeOrFail() {
+    try {
+      return Make();
+    } catch (const AudioFileError& error) {
+      SetProblem({error.what(), error.GetReason()});
+    } catch (const std::bad_alloc&) {
+      const AudioFileError error(AudioFileFault::kTooLong, mPath,
+                                 "$$$/moxaudiotoolkit/Error/Memory=There is not enough memory.");
+      SetProblem({error.what(), error.GetReason()});
+    } catch (const std::exception& error) {
+      SetProblem({error.what(), error.what()});
+    }
+    return State::kFailed;
   }
 
   State Make() {
-    const std::shared_ptr<const SampleSource> source = OpenSampleSource(mPath);
+    const std::shared_ptr<const SampleSource> source =
+        mOptions.open ? mOptions.open(mPath) : OpenSampleSource(mPath);
+    if (GetPyramid() == nullptr) {
+      // What the header tells needn't wait for peaks.
+      Show(nullptr, source, false);
+      SetState(State::kOpening);
+    }
+    if (mCancelled) {
+      return State::kCancelled;
+    }
     std::optional<PeakCacheKey> key;
     if (mOptions.cache) {
       key = MakePeakCacheKey(mPath);
@@ -202,7 +274,7 @@ class FilePeaks::Worker {
       case PeakBuilder::State::kDone:
         return key ? Store(*builder.GetPyramid(), *key) : State::kDone;
       case PeakBuilder::State::kFailed:
-        SetProblem(builder.GetProblem());
+        SetProblem({builder.GetProblem(), builder.GetProblem()});
         return State::kFailed;
       default:
         return State::kCancelled;
@@ -216,22 +288,30 @@ class FilePeaks::Worker {
       return State::kCancelled;
     }
     // Peaks of a file that changed while it was read are those of no file; a poll will tell.
-    if (MakePeakCacheKey(mPath) == key && StampOf(mPath) == mStamp) {
-      SetProblem(mOptions.cache->Store(key, *hash, pyramid));
+    if (MakePeakCacheKey(mPath) == key && IsUnchanged()) {
+      const std::string problem = mOptions.cache->Store(key, *hash, pyramid);
+      SetProblem({problem, problem});
     }
     return State::kDone;
   }
 
+  bool IsUnchanged() const {
+    const std::lock_guard lock(mMutex);
+    return StampOf(mPath) == mStamp;
+  }
+
   const std::string mPath;
   const FilePeaksOptions mOptions;
-  FileStamp mStamp;  // as it was when the work began
   std::atomic<bool> mCancelled{false};
   mutable std::mutex mMutex;
+  FileStamp mStamp;        // as it was when the work began
+  bool mAgain = false;     // the thread is to begin anew
+  bool mHasEnded = false;  // the thread looks at nothing of this any more but onChange
   State mState = State::kOpening;
   std::shared_ptr<const PeakPyramid> mPyramid;
   std::shared_ptr<const SampleSource> mSource;
   bool mFromCache = false;
-  std::string mProblem;
+  Problem mProblem;
   PeakBuilder* mBuilder = nullptr;
   std::thread mThread;
 };
@@ -262,6 +342,10 @@ std::string FilePeaks::GetProblem() const {
   return mWorker->GetProblem();
 }
 
+std::string FilePeaks::GetReason() const {
+  return mWorker->GetReason();
+}
+
 bool FilePeaks::CameFromCache() const {
   return mWorker->CameFromCache();
 }
@@ -276,6 +360,10 @@ void FilePeaks::Wait() {
 
 bool FilePeaks::PollForChange() {
   return mWorker->PollForChange();
+}
+
+void FilePeaks::Restart() {
+  mWorker->Restart();
 }
 
 }  // namespace moxaudiotoolkit

@@ -122,7 +122,8 @@ std::shared_ptr<const RawSource> RawSource::Open(AudioFile& file) {
   const SampleSourceProperties own{.frames = properties.frames,
                                    .sampleRate = properties.sampleRate,
                                    .channelCount = properties.channelCount,
-                                   .integerBits = IntegerBits(layout->encoding)};
+                                   .integerBits = IntegerBits(layout->encoding),
+                                   .format = properties.format};
   const std::shared_ptr<const RawSource> source(new RawSource(own, *layout, file.GetName(), descriptor));
   return source->AgreesWith(file) ? source : nullptr;
 }

@@ -122,7 +122,8 @@ std::shared_ptr<const SampleSource> OpenSampleSource(const std::string& path) {
   const SampleSourceProperties own{.frames = properties.frames,
                                    .sampleRate = properties.sampleRate,
                                    .channelCount = properties.channelCount,
-                                   .integerBits = properties.integerBits};
+                                   .integerBits = properties.integerBits,
+                                   .format = properties.format};
   return std::make_shared<DecodedFileSource>(own, std::move(file));
 }
 

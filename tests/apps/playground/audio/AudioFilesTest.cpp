@@ -27,6 +27,7 @@ class AudioFiles : public testing::Test {
       data.files.push_back(moxcore::Utf8String(path.string()));
     }
     int const effect = program.stage.Drop({600.0f, 400.0f}, data, DropEffect::kCopy);
+    program.Session().WaitForPeaks();
     program.stage.PaintFrame();
     return effect;
   }
@@ -157,18 +158,24 @@ TEST_F(AudioFiles, FileThatShrinksWhileItIsReadIsOpenedOrRefusedForAReason) {
     }
   });
   for (int i = 0; i < 40; ++i) {
-    OpenFailure failure;
-    auto const document = OpenAudioDocument(path.string(), failure);
-    EXPECT_NE(document == nullptr, failure.reason.empty());
-    if (document) {
-      EXPECT_EQ(document->ChannelCount(), 8u);
+    AudioSession session;
+    session.OpenFiles({path.string()});
+    session.WaitForPeaks();
+    ASSERT_EQ(session.Documents().size() + session.Failures().size(), 2u);
+    if (session.Failures().empty()) {
+      EXPECT_EQ(session.Current().ChannelCount(), 8u);
+      EXPECT_EQ(session.Current().Problem().empty(), session.Current().Progress() == 1.0);
+    } else {
+      EXPECT_NE(session.Failures().front().reason, "");
     }
   }
   ends = true;
   shrinks.join();
   std::filesystem::copy_file(whole, path, std::filesystem::copy_options::overwrite_existing);
-  OpenFailure failure;
-  EXPECT_NE(OpenAudioDocument(path.string(), failure), nullptr) << failure.reason;
+  AudioSession session;
+  session.OpenFiles({path.string()});
+  session.WaitForPeaks();
+  EXPECT_TRUE(session.Failures().empty());
 }
 
 }  // namespace

@@ -97,6 +97,7 @@ TEST_F(Gutter, WorksForEveryChannelOfALargeFile) {
   TemporaryFolder folder;
   auto const path = WriteFloats(folder.Path(), "many.wav", 40, std::vector<float>(4000, 0.25f));
   program.Session().OpenFiles({path.string()});
+  program.Session().WaitForOpening();
   ASSERT_EQ(program.Session().Current().ChannelCount(), 40u);
   EXPECT_EQ(gutter().ChildSize(), 40u);
   Focus();

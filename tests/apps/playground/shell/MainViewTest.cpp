@@ -312,6 +312,7 @@ TEST(MainView, AsksForFilesByKeyAndOpensThem) {
   });
   program.stage.Key(KeyboardCode::kO, ModKeys(ModKey::kCommand));
   EXPECT_TRUE(answers.AllUsed());
+  program.Session().WaitForOpening();
   EXPECT_EQ(program.Session().Current().Title(), "tone.wav");
 }
 

@@ -150,6 +150,57 @@ TEST_F(FilePeaksTest, TellsWhyAFileCannotBeOpened) {
   EXPECT_EQ(none.GetProgress(), 0.0);
 }
 
+TEST_F(FilePeaksTest, TellsTheSourceBeforeThePeaksAndTheReasonWithoutTheName) {
+  FilePeaks missing(mFolder / "missing.wav");
+  missing.Wait();
+  EXPECT_EQ(missing.GetReason(), "The file can't be opened: No such file or directory.");
+  EXPECT_NE(missing.GetProblem(), missing.GetReason());
+  const auto gated =
+      std::make_shared<testing::GatedSource>(std::make_shared<testing::NoiseSource>(300'000, 2));
+  std::atomic<bool> open = false;
+  FilePeaks* looked = nullptr;
+  std::atomic<bool> sourceCameFirst = false;
+  {
+    FilePeaks peaks(Write(0.5F),
+                    {.onChange =
+                         [&] {
+                           open.wait(false);
+                           if (looked->GetSource() != nullptr && looked->GetPyramid() == nullptr) {
+                             sourceCameFirst = true;
+                           }
+                         },
+                     .open = [&](const std::string&) { return gated; }});
+    looked = &peaks;
+    open = true;
+    open.notify_all();
+    gated->OpenUpTo(300'000);
+    peaks.Wait();
+    EXPECT_EQ(peaks.GetState(), State::kDone);
+    EXPECT_EQ(peaks.GetSource(), gated);
+  }
+  EXPECT_TRUE(sourceCameFirst);
+}
+
+TEST_F(FilePeaksTest, BeginsAnewAfterACancelAndWhileItWorks) {
+  const auto gated =
+      std::make_shared<testing::GatedSource>(std::make_shared<testing::NoiseSource>(2'000'000, 1));
+  FilePeaks peaks(Write(0.5F), {.cache = mCache, .open = [&](const std::string&) { return gated; }});
+  peaks.Restart();  // in the middle: returns though nothing can be read
+  peaks.Cancel();
+  gated->OpenUpTo(2'000'000);
+  peaks.Wait();
+  EXPECT_EQ(peaks.GetState(), State::kCancelled);
+  EXPECT_EQ(CountEntries(), 0U);
+  peaks.Restart();
+  peaks.Wait();
+  EXPECT_EQ(peaks.GetState(), State::kDone);
+  EXPECT_EQ(peaks.GetProgress(), 1.0);
+  EXPECT_EQ(CountEntries(), 1U);
+  peaks.Restart();
+  peaks.Wait();
+  EXPECT_TRUE(peaks.CameFromCache());
+}
+
 TEST_F(FilePeaksTest, WorksOnWhereNothingCanBeKept) {
   mFolder.Write("cache", {1});
   FilePeaks peaks(Write(0.5F), {.cache = mCache});

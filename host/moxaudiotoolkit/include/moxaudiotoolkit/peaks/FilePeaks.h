@@ -21,11 +21,15 @@ struct FilePeaksOptions {
   std::function<void()> onChange = nullptr;
   int threadCount = 0;  // of building: at most so many; 0: as many as the executor has
   std::shared_ptr<moxcore::threads::IExecutor> executor = nullptr;  // null: the one for work that computes
+  // How the samples of the file are read; called on another thread, and throws why they can't be. Null:
+  // OpenSampleSource.
+  std::function<std::shared_ptr<const SampleSource>(const std::string& path)> open = nullptr;
 };
 
 // The peaks of a sound file for as long as someone looks at it. From construction on they come from the
 // cache, and are checked in the background against the whole file, or are built and then kept. The destructor
-// cancels and waits. All but construction, PollForChange, Wait and destruction may be called on any thread.
+// cancels and waits. All but construction, PollForChange, Restart, Wait and destruction may be called on any
+// thread.
 class FilePeaks {
  public:
   enum class State {
@@ -43,7 +47,8 @@ class FilePeaks {
   FilePeaks(const FilePeaks&) = delete;
   FilePeaks& operator=(const FilePeaks&) = delete;
 
-  // Both null until the file has been opened; replaced when it is built anew.
+  // Both null until the file has been opened; the pyramid follows the source once it is begun. Both are
+  // replaced together when it is built anew.
   std::shared_ptr<const PeakPyramid> GetPyramid() const;
   std::shared_ptr<const SampleSource> GetSource() const;
   State GetState() const;
@@ -51,6 +56,8 @@ class FilePeaks {
   double GetProgress() const;
   // Why opening or building failed; else why nothing could be kept; empty when all is well. Localised.
   std::string GetProblem() const;
+  // The same without the name of the file.
+  std::string GetReason() const;
   bool CameFromCache() const;
 
   // Ends all work soon. What is there stays.
@@ -60,6 +67,9 @@ class FilePeaks {
   // Looks whether the file has changed since it was opened, which costs a microsecond. Then begins anew, with
   // the old picture until there is a new one, and returns true.
   bool PollForChange();
+  // The same whether it has changed or not, as after a cancelled or failed build. Both return at once: what
+  // runs is cancelled and followed by the new work.
+  void Restart();
 
  private:
   class Worker;

@@ -14,6 +14,7 @@ struct SampleSourceProperties {
   int sampleRate = 0;       // frames per second
   int channelCount = 0;
   int integerBits = 0;  // of samples that are whole numbers; 0 when they are floats or compressed with loss
+  std::string format = {};  // of a file: container and encoding in words, for display
 };
 
 // A channel's points, one for each 64 frames: smallest and largest sample and the sum of the squares. Whoever

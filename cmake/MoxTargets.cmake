@@ -31,10 +31,13 @@ function(mox_library name)
 endfunction()
 
 # mox_test(NAME DIRECTORY [LINK ...]): one test program from every *Test.cpp below DIRECTORY; other
-# sources there are its helpers.
+# sources there are its helpers. Tests whose path matches EXCLUDE are those of another program.
 function(mox_test name directory)
-  cmake_parse_arguments(ARG "" "" "LINK;ENVIRONMENT" ${ARGN})
+  cmake_parse_arguments(ARG "" "EXCLUDE" "LINK;ENVIRONMENT" ${ARGN})
   file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${directory}/*.cpp)
+  if(ARG_EXCLUDE)
+    list(FILTER sources EXCLUDE REGEX "${ARG_EXCLUDE}")
+  endif()
   if(NOT sources)
     return()
   endif()

@@ -1,0 +1,7 @@
+#include "playback/AudioOutput.h"
+
+namespace playground {
+
+AudioOutput::~AudioOutput() = default;
+
+}  // namespace playground

@@ -35,7 +35,9 @@ void UI_SliderT<T>::SetLimits(T minimum, T maximum) {
   mMinimum = minimum;
   mMaximum = std::max(minimum, maximum);
   SetValueRange(mLow, mHigh);
-  UI_Invalidate();
+  // A value that stays has another place between other ends.
+  LayoutChanged();
+  UI_TellAccessibleChange(ui::AccessibleChange::kValue);
 }
 
 template <typename T>
@@ -58,7 +60,7 @@ void UI_SliderT<T>::SetValueRange(T low, T high) {
 template <typename T>
 void UI_SliderT<T>::SetIsCustomThumb(bool isCustom) {
   mIsCustomThumb = isCustom;
-  UI_Invalidate();
+  LayoutChanged();
 }
 
 template <typename T>
@@ -78,8 +80,7 @@ void UI_SliderT<T>::InstallSliderThumb(IntrusivePtr<UI_Button> thumb) {
 template <typename T>
 void UI_SliderT<T>::SetThumbSize(float width, float height) {
   mThumbSize = {width, height};
-  PlaceThumb();
-  UI_Invalidate();
+  LayoutChanged();
 }
 
 template <typename T>
@@ -94,8 +95,7 @@ ExtentT<float> UI_SliderT<T>::GetThumbSize() const {
 template <typename T>
 void UI_SliderT<T>::SetDrawTrackUseFullWidth(bool fullWidth) {
   mTrackUsesFullWidth = fullWidth;
-  PlaceThumb();
-  UI_Invalidate();
+  LayoutChanged();
 }
 
 template <typename T>
@@ -137,6 +137,12 @@ void UI_SliderT<T>::PlaceThumb() {
   if (mThumb) {
     mThumb->UI_SetLocalRectF(GetDrawParameters().GetThumbRect());
   }
+}
+
+template <typename T>
+void UI_SliderT<T>::LayoutChanged() {
+  PlaceThumb();
+  UI_Invalidate();
 }
 
 template <typename T>
@@ -188,6 +194,12 @@ ExtentT<float> UI_SliderT<T>::UI_GetRecommendedSize(scriber::Scriber*) const {
 template <typename T>
 void UI_SliderT<T>::UI_SizeChanged(RectT<float> const& rect) {
   UI_InteractiveControlView::UI_SizeChanged(rect);
+  PlaceThumb();
+}
+
+template <typename T>
+void UI_SliderT<T>::UI_SkinSetUpdated() {
+  UI_InteractiveControlView::UI_SkinSetUpdated();
   PlaceThumb();
 }
 

@@ -71,6 +71,11 @@ int Drop(ui::TreeState& state, PointT<float> position, ui::OS_ReceiveData& data,
   if (ViewThatWants(state, position).Get() != CurrentView(state, keep)) {
     DragTo(state, position, data, proposedEffect);
   }
+  if (state.drag.effect == ui::DropEffect::kNone) {
+    // Who refused it last gets nothing.
+    LeaveView(state, data);
+    return ui::DropEffect::kNone;
+  }
   UI_SubView const* const view = CurrentView(state, keep);
   state.drag = {};
   if (view == nullptr) {

@@ -1,3 +1,6 @@
+#include "../passes/Attach.h"
+#include "../passes/Invalidate.h"
+
 #include <moxui/skins/SkinSet.h>
 #include <moxui/skins/SkinSetClient.h>
 #include <moxui/ui/UI_Node.h>
@@ -42,7 +45,10 @@ void SkinSetClient::StoreSkin(skins::SkinSet const* skinSet) {
   }
   gCustomSkins += (skinSet != nullptr ? 1 : 0) - (mCustomSkin != nullptr ? 1 : 0);
   mCustomSkin = skinSet;
+  // Who places its parts by the skin's sizes places them anew.
+  passes::TellSkinSet(mNode);
   mNode.UI_Invalidate();
+  passes::DamageSubtree(mNode);
 }
 
 }  // namespace moxui::ui

@@ -1,3 +1,5 @@
+#include "../passes/Invalidate.h"
+#include "../ui/NodeAccess.h"
 #include "CustomColors.h"
 
 #include <moxui/skins/Theme.h>
@@ -9,6 +11,21 @@ namespace {
 
 // How many clients have a custom font size; without any, nobody needs to look for one above.
 int gCustomFontSizes = 0;
+
+// What is below shows it too, wherever it lies.
+void RepaintSubtree(UI_Node& node) {
+  node.UI_Invalidate();
+  passes::DamageSubtree(node);
+}
+
+bool HasColorChange(UI_Node const& node, unsigned id, unsigned replacement) {
+  auto const* const extras = NodeAccess::Extras(node);
+  if (extras == nullptr) {
+    return false;
+  }
+  auto const change = extras->colorChanges.find(id);
+  return change != extras->colorChanges.end() && change->second == replacement;
+}
 
 }  // namespace
 
@@ -35,13 +52,16 @@ void ThemeClient::SetCustomThemeColor(ThemeColorID id, ColorRGBA const& colour) 
 }
 
 void ThemeClient::SetCustomThemeColor(ThemeColorID id, ThemeColorID replacement) {
+  if (HasColorChange(mNode, static_cast<unsigned>(id), static_cast<unsigned>(replacement))) {
+    return;
+  }
   mNode.UI_SetColorChange(static_cast<unsigned>(id), static_cast<unsigned>(replacement));
-  mNode.UI_Invalidate();
+  RepaintSubtree(mNode);
 }
 
 void ThemeClient::ClearCustomThemeColor(ThemeColorID id) {
   mNode.UI_ClearColorChange(static_cast<unsigned>(id));
-  mNode.UI_Invalidate();
+  RepaintSubtree(mNode);
 }
 
 float ThemeClient::GetNumber(skins::SkinNumber number) const {
@@ -85,7 +105,7 @@ void ThemeClient::SetCustomFontSize(float size) {
   }
   gCustomFontSizes += (wanted > 0.0f ? 1 : 0) - (mCustomFontSize > 0.0f ? 1 : 0);
   mCustomFontSize = wanted;
-  mNode.UI_Invalidate();
+  RepaintSubtree(mNode);
 }
 
 void ThemeClient::ClearCustomFontSize() {

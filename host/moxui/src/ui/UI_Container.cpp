@@ -32,7 +32,12 @@ void UI_Container::ChildInsert(std::size_t index, moxcore::utility::IntrusivePtr
     return;  // nothing can be below itself
   }
   if (UI_Node* const parent = node.UI_GetParentNode()) {
+    NodePtr const self(&mOwner);
     parent->UI_GetContainer()->ChildRemove(&node);
+    // Whoever heard of a lost focus or capture may have given it another parent, which counts.
+    if (node.UI_GetParentNode() != nullptr || mOwner.UI_IsSelfOrDescendantOf(&node)) {
+      return;
+    }
   }
   bool const isLast = index >= mChildren.size();
   mChildren.insert(isLast ? mChildren.end() : mChildren.begin() + static_cast<std::ptrdiff_t>(index), child);

@@ -11,6 +11,7 @@ namespace {
 
 using moxcore::utility::MakeIntrusive;
 using testing::ChangeLog;
+using testing::RunningLook;
 using ui::KeyboardCode;
 
 // 14 wide thumbs leave 100 pixels of way between 17 and 117.
@@ -181,6 +182,22 @@ TEST_F(Slider, ACustomThumbIsAShownChildOneAboveTheBottom) {
   slider.UI_SetLocalRectF({10, 20, 200, 11});
   slider.SetThumbSize(9.0f, 10.0f);
   EXPECT_FLOAT_EQ(thumb->UI_GetLocalRectF(true).top, 0.0f);
+}
+
+TEST_F(Slider, ACustomThumbFollowsLimitsFlagsAndLook) {
+  UI_Slider& slider = Put({0, 0, 114, 24});
+  auto const thumb = MakeIntrusive<UI_Button>();
+  slider.SetValue(0.5);
+  slider.InstallSliderThumb(thumb);
+  auto const place = [&] { return thumb->UI_GetLocalRectF(true); };
+  EXPECT_EQ(place(), slider.GetDrawParameters().GetThumbRect());
+  EXPECT_FLOAT_EQ(place().left, 50.0f);
+  slider.SetLimits(0.0, 2.0);  // the value stays and now lies at a quarter of the way
+  EXPECT_FLOAT_EQ(place().left, 25.0f);
+  slider.SetIsCustomThumb(true);
+  EXPECT_FLOAT_EQ(place().Bottom(), 23.0f);
+  RunningLook const classic(false);
+  EXPECT_EQ(place(), slider.GetDrawParameters().GetThumbRect());
 }
 
 TEST_F(Slider, WithoutFullWidthTheThumbStaysInside) {

@@ -2,6 +2,8 @@
 
 #include <moxcore/utility/IntrusivePtr.h>
 #include <moxui/controls/UI_StaticText.h>
+#include <moxui/controls/UI_TextEdit.h>
+#include <moxui/skins/SkinSet.h>
 #include <moxui/skins/Theme.h>
 #include <moxui/skins/ThemeColors.h>
 #include <moxui/testing/Stage.h>
@@ -110,6 +112,64 @@ TEST(SkinSetClient, ASwitchOfThemeOrLookReachesTheNodesOfATreeAndRepaintsIt) {
   int const updates = watcher->updates;
   SetCurrentTheme(ThemeID::kLight);
   EXPECT_EQ(watcher->updates, updates + 1);
+  EXPECT_TRUE(stage.GetTree().NeedsFrame());
+}
+
+TEST(SkinSetClient, ACustomSetReachesWhoIsPlacedByItsSizes) {
+  RunningLook const look(true);
+  testing::Stage stage(ExtentT<float>(200, 40));
+  auto const edit = MakeIntrusive<controls::UI_TextEdit>();
+  edit->UI_SetLocalRectF({0, 0, 120, 24});
+  stage.GetRootView().ChildPushBack(edit);
+  auto const inset = [&] { return edit->GetTextEdit()->UI_GetLocalRectF(true).left; };
+  EXPECT_FLOAT_EQ(inset(), skins::SkinSet::Get(true).GetNumber(skins::SkinNumber::kTextInset));
+  stage.GetRootView().SetCustomSkin(skins::SkinSet::Get(false));
+  EXPECT_FLOAT_EQ(inset(), skins::SkinSet::Get(false).GetNumber(skins::SkinNumber::kTextInset));
+  stage.GetRootView().ClearCustomSkin();
+  EXPECT_FLOAT_EQ(inset(), skins::SkinSet::Get(true).GetNumber(skins::SkinNumber::kTextInset));
+}
+
+// A view of no size whose child is seen all the same.
+class ThemeClientDamage : public ::testing::Test {
+ protected:
+  ThemeClientDamage() {
+    view->ChildPushBack(child);
+    child->UI_SetLocalRectF({5, 5, 10, 10});
+    stage.GetRootView().ChildPushBack(view);
+    stage.PaintFrame();
+  }
+  bool DamagesTheChild() {
+    bool damages = false;
+    for (RectT<float> const& rect : stage.GetTree().GetDamage()) {
+      damages = damages || rect.Contains(RectT<float>(5, 5, 10, 10));
+    }
+    stage.PaintFrame();
+    return damages;
+  }
+  testing::Stage stage{ExtentT<float>(40, 40)};
+  IntrusivePtr<UI_SubView> view = MakeIntrusive<UI_SubView>();
+  IntrusivePtr<UI_SubView> child = MakeIntrusive<UI_SubView>();
+};
+
+TEST_F(ThemeClientDamage, ReachesDescendantsWhereverTheyLie) {
+  view->SetCustomThemeColor(ThemeColorID::kDefaultText, kOrange);
+  EXPECT_TRUE(DamagesTheChild());
+  view->ClearCustomThemeColor(ThemeColorID::kDefaultText);
+  EXPECT_TRUE(DamagesTheChild());
+  view->SetCustomFontSize(20.0f);
+  EXPECT_TRUE(DamagesTheChild());
+  view->SetCustomSkin(skins::SkinSet::Get(false));
+  EXPECT_TRUE(DamagesTheChild());
+  view->ClearCustomSkin();
+  EXPECT_TRUE(DamagesTheChild());
+}
+
+TEST_F(ThemeClientDamage, AnEqualColourAsksForNoFrame) {
+  view->SetCustomThemeColor(ThemeColorID::kDefaultText, kOrange);
+  stage.PaintFrame();
+  view->SetCustomThemeColor(ThemeColorID::kDefaultText, kOrange);
+  EXPECT_FALSE(stage.GetTree().NeedsFrame());
+  view->SetCustomThemeColor(ThemeColorID::kDefaultText, ThemeColorID::kInteractive);
   EXPECT_TRUE(stage.GetTree().NeedsFrame());
 }
 

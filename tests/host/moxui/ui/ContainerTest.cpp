@@ -117,6 +117,27 @@ TEST(Container, InsertsAtAPlace) {
   EXPECT_EQ(stage.GetTree().FindNode({5, 5}), above.Get());
 }
 
+TEST(Container, LeavesAChildWhereAHandlerOfItsRemovalHasPutIt) {
+  Log log;
+  testing::Stage stage;
+  auto const from = AddNode(stage.GetRootView(), log, "from", {0, 0, 50, 50});
+  auto const to = AddNode(stage.GetRootView(), log, "to", {50, 0, 50, 50});
+  auto const elsewhere = AddNode(stage.GetRootView(), log, "elsewhere", {0, 50, 50, 50});
+  auto const child = AddNode(*from, log, "child", {0, 0, 10, 10});
+  child->UI_GainKeyboardFocus(ui::FocusChangeReason::kByCode);
+  child->onFocus = [&](ui::FocusChangeReason) {
+    child->onFocus = {};
+    elsewhere->ChildPushBack(child);
+  };
+
+  to->ChildPushBack(child);
+
+  EXPECT_EQ(child->UI_GetParentNode(), elsewhere.Get());
+  EXPECT_EQ(from->ChildSize(), 0u);
+  EXPECT_EQ(to->ChildSize(), 0u);
+  EXPECT_EQ(elsewhere->ChildSize(), 1u);
+}
+
 class ChangeLog : public ui::UI_SubView {
  public:
   void UI_NodeChanged(ui::NodeChange change) override { changes.push_back(change); }

@@ -83,6 +83,16 @@ TEST_F(DragAndDrop, IsRefusedByFalse) {
   EXPECT_EQ(stage.Drop({15, 25}, data, kCopy), kNone);
 }
 
+TEST_F(DragAndDrop, GivesNothingToAViewThatRefusesIt) {
+  accepts = false;
+
+  EXPECT_EQ(stage.Drop({15, 25}, data, kCopy), kNone);
+
+  EXPECT_THAT(files, IsEmpty());
+  EXPECT_EQ(log.back(), "leave");
+  EXPECT_THAT(log, ::testing::Not(::testing::Contains("drop")));
+}
+
 TEST_F(DragAndDrop, DropsWithoutALeave) {
   EXPECT_EQ(stage.Drop({15, 25}, data, kCopy), kCopy);
 

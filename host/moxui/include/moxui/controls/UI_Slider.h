@@ -86,6 +86,7 @@ class UI_SliderT : public UI_InteractiveControlView {
   PaddingT<float> UI_GetDrawOverhang() const override;
   ExtentT<float> UI_GetRecommendedSize(scriber::Scriber* scriber) const override;
   void UI_SizeChanged(RectT<float> const& rect) override;
+  void UI_SkinSetUpdated() override;
   bool UI_DoMouseEvent(ui::UI_Node* node, ui::MouseEvent const& event) override;
   bool UI_DoKeyboardEvent(ui::UI_Node* node, ui::KeyboardEvent const& event) override;
   void UI_FocusChanged(ui::FocusChangeReason reason) override;
@@ -103,6 +104,8 @@ class UI_SliderT : public UI_InteractiveControlView {
   double PlainStep() const;
   T StepOf(ui::KeyboardEvent const& event) const;
   void PlaceThumb();
+  /// Where the parts lie has changed, though not the value.
+  void LayoutChanged();
   void BeginDrag(PointT<float> point, ui::MouseEvent const& event);
   void ContinueDrag(ui::MouseEvent const& event);
   void CancelDrag();

@@ -16,6 +16,7 @@ namespace moxui::platform {
 namespace {
 
 ModalResponder* gModalResponder = nullptr;
+DragSource* gDragSource = nullptr;
 
 }  // namespace
 
@@ -35,6 +36,17 @@ ModalResponder* SetModalResponder(ModalResponder* responder) {
 }
 ModalResponder* GetModalResponder() {
   return gModalResponder;
+}
+
+DragSource* SetDragSource(DragSource* source) {
+  return std::exchange(gDragSource, source);
+}
+DragSource* GetDragSource() {
+  Application* const application = Application::Get();
+  if (gDragSource != nullptr || application == nullptr) {
+    return gDragSource;
+  }
+  return &application->GetDragSource();
 }
 
 }  // namespace moxui::platform

@@ -6,6 +6,7 @@
 #include "WindowWidget.h"
 
 #include <moxui/platform/ModalResponder.h>
+#include <moxui/skins/LayoutDirection.h>
 #include <moxui/ui/NodeTree.h>
 #include <moxui/ui/UI_DragDropHandler.h>
 #include <moxui/ui/UI_NodeManager.h>
@@ -130,6 +131,7 @@ QCursor QtCursor::ToQCursor(platform::CursorID cursor) const {
 
 int QtMenus::Popup(std::vector<ui::OS_MenuItem> const& items, PointT<float> globalPoint, int initialID) {
   QMenu menu;
+  menu.setLayoutDirection(skins::IsRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight);
   QAction* initial = nullptr;
   for (auto const& item : items) {
     if (item.id == 0) {
@@ -162,16 +164,7 @@ int QtDragSource::Drag(ui::UI_Node* source, ui::TransferData const& data, int ef
   actions.setFlag(Qt::CopyAction, (effects & ui::DropEffect::kCopy) != 0);
   actions.setFlag(Qt::MoveAction, (effects & ui::DropEffect::kMove) != 0);
   actions.setFlag(Qt::LinkAction, (effects & ui::DropEffect::kLink) != 0);
-  switch (drag->exec(actions)) {
-    case Qt::CopyAction:
-      return ui::DropEffect::kCopy;
-    case Qt::MoveAction:
-      return ui::DropEffect::kMove;
-    case Qt::LinkAction:
-      return ui::DropEffect::kLink;
-    default:
-      return ui::DropEffect::kNone;
-  }
+  return ToEffect(drag->exec(actions));
 }
 
 namespace {

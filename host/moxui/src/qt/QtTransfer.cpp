@@ -2,6 +2,8 @@
 
 #include "EventTranslation.h"
 
+#include <moxui/ui/UI_DragDropHandler.h>
+
 #include <QUrl>
 #include <cstring>
 
@@ -49,6 +51,32 @@ std::unique_ptr<QMimeData> ToMimeData(ui::TransferData const& data) {
                                                     static_cast<qsizetype>(bytes.size())));
   }
   return mimeData;
+}
+
+int ToEffect(Qt::DropAction action) {
+  switch (action) {
+    case Qt::CopyAction:
+      return ui::DropEffect::kCopy;
+    case Qt::MoveAction:
+      return ui::DropEffect::kMove;
+    case Qt::LinkAction:
+      return ui::DropEffect::kLink;
+    default:
+      return ui::DropEffect::kNone;
+  }
+}
+
+Qt::DropAction ToAction(int effect) {
+  switch (effect) {
+    case ui::DropEffect::kCopy:
+      return Qt::CopyAction;
+    case ui::DropEffect::kMove:
+      return Qt::MoveAction;
+    case ui::DropEffect::kLink:
+      return Qt::LinkAction;
+    default:
+      return Qt::IgnoreAction;
+  }
 }
 
 }  // namespace moxui::qt

@@ -30,32 +30,6 @@ PointT<float> ToPoint(QPointF point) {
   return {static_cast<float>(point.x()), static_cast<float>(point.y())};
 }
 
-int ToEffect(Qt::DropAction action) {
-  switch (action) {
-    case Qt::CopyAction:
-      return ui::DropEffect::kCopy;
-    case Qt::MoveAction:
-      return ui::DropEffect::kMove;
-    case Qt::LinkAction:
-      return ui::DropEffect::kLink;
-    default:
-      return ui::DropEffect::kNone;
-  }
-}
-
-Qt::DropAction ToAction(int effect) {
-  switch (effect) {
-    case ui::DropEffect::kCopy:
-      return Qt::CopyAction;
-    case ui::DropEffect::kMove:
-      return Qt::MoveAction;
-    case ui::DropEffect::kLink:
-      return Qt::LinkAction;
-    default:
-      return Qt::IgnoreAction;
-  }
-}
-
 }  // namespace
 
 WindowWidget::WindowWidget(QtWindow& window, QWidget* parent, Qt::WindowFlags flags)

@@ -1,4 +1,3 @@
-#include <moxui/platform/Application.h>
 #include <moxui/platform/DragSource.h>
 #include <moxui/ui/DragData.h>
 #include <moxui/ui/NodeTree.h>
@@ -21,12 +20,12 @@ void OS_SendData::SetData(moxcore::Utf8String format, std::vector<std::byte> byt
 }
 
 int OS_SendData::DoDrag(UI_Node* source, int effects) {
-  auto* const application = platform::Application::Get();
-  if (application == nullptr || mData.IsEmpty()) {
+  platform::DragSource* const dragSource = platform::GetDragSource();
+  if (dragSource == nullptr || mData.IsEmpty()) {
     return DropEffect::kNone;
   }
   moxcore::utility::IntrusivePtr<UI_Node> const kept(source);
-  int const effect = application->GetDragSource().Drag(source, mData, effects);
+  int const effect = dragSource->Drag(source, mData, effects);
   if (source != nullptr && source->UI_GetTree() != nullptr) {
     source->UI_GetTree()->CheckSwallowedRelease();
   }

@@ -1,6 +1,7 @@
 #include "program/AppearanceState.h"
 
 #include <moxcore/config/Localizer.h>
+#include <moxui/skins/LayoutDirection.h>
 #include <moxui/skins/Look.h>
 #include <moxui/skins/Theme.h>
 
@@ -33,6 +34,7 @@ Appearance const& CurrentAppearance() {
 void ApplyAppearance(Appearance const& appearance) {
   State() = appearance;
   moxcore::config::Localizer::Get().SetLanguage(appearance.language.tag);
+  moxui::skins::SetRightToLeft(appearance.rightToLeft);
   moxui::skins::SetRunningV7OrBeyond(appearance.look == LookChoice::kV7);
   moxui::ui::SetCurrentTheme(ThemeIDOf(appearance.theme));
 }

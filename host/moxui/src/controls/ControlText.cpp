@@ -2,9 +2,14 @@
 #include <moxui/scriber/FontInterface.h>
 #include <moxui/scriber/FontNames.h>
 #include <moxui/scriber/SupplierInterface.h>
+#include <moxui/skins/LayoutDirection.h>
 #include <moxui/skins/ThemeClient.h>
 
 namespace moxui::controls {
+
+ControlAlignment GetAlignment(ControlText const& text) {
+  return text.alignment.value_or(skins::GetLeadingAlignment());
+}
 
 scriber::FontP GetControlFont(ControlText const& text, ui::ThemeClient const& client,
                               scriber::SupplierInterface const* supplier) {

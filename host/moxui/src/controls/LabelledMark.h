@@ -12,9 +12,10 @@ class Scriber;
 
 namespace moxui::controls {
 
-// A square mark with a label to the right of it, as check boxes and radio buttons have.
+// A square mark with a label behind it, as check boxes and radio buttons have: to the right of it, or, where
+// the interface is laid out from right to left, to the left.
 
-/// The mark: at the left in the middle of the height; in the middle of all without a label.
+/// The mark: at the leading edge in the middle of the height; in the middle of all without a label.
 RectT<float> GetMarkRect(RectT<float> const& rect, float side, bool hasLabel);
 /// What mark and label want together; the mark alone without a label.
 ExtentT<float> GetLabelledMarkSize(float side, float rowHeight, ControlText const& label,

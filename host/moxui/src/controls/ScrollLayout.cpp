@@ -9,6 +9,7 @@ PointT<float> ScrollLayout::MaximumOffset() const {
 }
 
 ScrollLayout GetScrollLayout(ExtentT<float> extent, float thickness, bool allowsBarX, bool allowsBarY,
+                             bool isMirrored,
                              std::function<ExtentT<float>(float width)> const& contentExtent) {
   bool needsX = false;
   bool needsY = false;
@@ -27,11 +28,14 @@ ScrollLayout GetScrollLayout(ExtentT<float> extent, float thickness, bool allows
     needsX = wantsX;
     needsY = wantsY;
   }
+  if (needsY && isMirrored) {
+    layout.viewed.left = thickness;
+  }
   if (needsX) {
-    layout.barX = {0.0f, layout.viewed.height, layout.viewed.width, thickness};
+    layout.barX = {layout.viewed.left, layout.viewed.height, layout.viewed.width, thickness};
   }
   if (needsY) {
-    layout.barY = {layout.viewed.width, 0.0f, thickness, layout.viewed.height};
+    layout.barY = {isMirrored ? 0.0f : layout.viewed.width, 0.0f, thickness, layout.viewed.height};
   }
   return layout;
 }

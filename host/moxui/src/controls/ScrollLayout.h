@@ -19,8 +19,9 @@ struct ScrollLayout {
 };
 
 /// `contentExtent` gives the content's extent for a width that is seen. A bar takes room, which may make the
-/// other one needed.
+/// other one needed. The vertical bar is at the right; mirrored, at the left.
 ScrollLayout GetScrollLayout(ExtentT<float> extent, float thickness, bool allowsBarX, bool allowsBarY,
+                             bool isMirrored,
                              std::function<ExtentT<float>(float width)> const& contentExtent);
 
 /// The offset nearest to `offset` at which a stretch is seen; its beginning, if it is longer than what is

@@ -3,6 +3,7 @@
 #include "ControlPainting.h"
 
 #include <moxui/controls/UI_DisclosureTriangleButton.h>
+#include <moxui/skins/LayoutDirection.h>
 #include <moxui/ui/KeyboardEvent.h>
 
 namespace moxui::controls {
@@ -35,8 +36,11 @@ ExtentT<float> UI_DisclosureTriangleButton::UI_GetRecommendedSize(scriber::Scrib
 }
 
 bool UI_DisclosureTriangleButton::UI_DoKeyboardEvent(ui::UI_Node* node, ui::KeyboardEvent const& event) {
-  bool const expands = event.CompareShortcut(ui::KeyboardCode::kRight, ui::ModKey::kNone);
-  bool const collapses = event.CompareShortcut(ui::KeyboardCode::kLeft, ui::ModKey::kNone);
+  bool const isMirrored = skins::IsRightToLeft();
+  auto const forward = isMirrored ? ui::KeyboardCode::kLeft : ui::KeyboardCode::kRight;
+  auto const back = isMirrored ? ui::KeyboardCode::kRight : ui::KeyboardCode::kLeft;
+  bool const expands = event.CompareShortcut(forward, ui::ModKey::kNone);
+  bool const collapses = event.CompareShortcut(back, ui::ModKey::kNone);
   if (event.IsAction(ui::KeyAction::kKeyDown) && (expands || collapses) && !IsDisabled()) {
     if (IsValueUnknown() || GetValue() != expands) {
       SetValue(expands);

@@ -6,6 +6,7 @@
 #include <moxui/scriber/ImageInterface.h>
 #include <moxui/scriber/Scriber.h>
 #include <moxui/skins/Design.h>
+#include <moxui/skins/LayoutDirection.h>
 
 #include <algorithm>
 #include <cmath>
@@ -44,11 +45,14 @@ void UI_PictureTextButton::DrawContent(scriber::Scriber* scriber, RectT<float> c
   float const room = std::max(rect.width - 2.0f * kLeastMargin - picture - gap, 0.0f);
   float const text = font ? std::min(std::ceil(font->GetWidth(label.text)), room) : 0.0f;
   float const left = rect.left + std::floor((rect.width - picture - gap - text) / 2.0f);
-  DrawImageCentered(scriber, *image, {left, rect.top, picture, rect.height});
+  bool const isMirrored = skins::IsRightToLeft();
+  float const pictureLeft = isMirrored ? left + text + gap : left;
+  float const textLeft = isMirrored ? left : left + picture + gap;
+  DrawImageCentered(scriber, *image, {pictureLeft, rect.top, picture, rect.height});
   if (font) {
     ColorRGBA const colour = skins::design::GetButtonColor(parameters, skins::design::ButtonProperty::kLabel);
-    skins::DrawTextLine(scriber, label.text, {left + picture + gap, rect.top, text, rect.height},
-                        ControlAlignment::kLeft, label.truncation, *font, colour);
+    skins::DrawTextLine(scriber, label.text, {textLeft, rect.top, text, rect.height}, ControlAlignment::kLeft,
+                        label.truncation, *font, colour);
   }
 }
 

@@ -30,8 +30,9 @@ UI_Popup::~UI_Popup() = default;
 std::int64_t UI_Popup::AddItem(moxcore::Utf16String text, std::int64_t position) {
   auto const count = static_cast<std::int64_t>(mItems.size());
   std::int64_t const place = position < 0 || position > count ? count : position;
+  moxcore::Utf16String const shown = GetShownText();
   mItems.insert(mItems.begin() + place, PopupItem{.text = std::move(text)});
-  UI_Invalidate();
+  ItemsChanged(shown);
   return place;
 }
 
@@ -41,19 +42,28 @@ std::int64_t UI_Popup::AddSeparator() {
 }
 
 void UI_Popup::SetItems(std::vector<PopupItemDescriptor> const& items) {
+  moxcore::Utf16String const shown = GetShownText();
   mItems.clear();
   for (PopupItemDescriptor const& item : items) {
     mItems.push_back({.text = item.text, .isSeparator = item.text.empty(), .isEnabled = item.isEnabled});
   }
-  UI_Invalidate();
+  ItemsChanged(shown);
 }
 
 void UI_Popup::DeleteAllItems() {
+  moxcore::Utf16String const shown = GetShownText();
   mItems.clear();
   mValue = kNoItem;
   mShowsValueString = false;
-  UI_TellAccessibleChange(ui::AccessibleChange::kValue);
+  ItemsChanged(shown);
+}
+
+void UI_Popup::ItemsChanged(moxcore::Utf16String const& shownBefore) {
   UI_Invalidate();
+  // The same value may stand for another text now.
+  if (GetShownText() != shownBefore) {
+    UI_TellAccessibleChange(ui::AccessibleChange::kValue);
+  }
 }
 
 void UI_Popup::EnableItem(std::int64_t value, bool enabled) {
@@ -140,7 +150,7 @@ void UI_Popup::UI_Draw(scriber::Scriber* scriber) const {
     skins::PaintPopupBox(scriber, rect, mDrawDivider, look);
     if (scriber::FontP const font = GetControlFont(mText, *this, scriber->GetSupplier())) {
       RectT<float> const box = skins::GetPopupLayout(rect, *look.skinSet).text;
-      skins::DrawTextLine(scriber, GetShownText(), box, mText.alignment, mText.truncation, *font,
+      skins::DrawTextLine(scriber, GetShownText(), box, GetAlignment(mText), mText.truncation, *font,
                           skins::GetPopupTextColor(look));
     }
     if (ShowsFocusRing()) {

@@ -7,6 +7,7 @@
 #include <moxui/controls/UI_RadioButton.h>
 #include <moxui/scriber/FontInterface.h>
 #include <moxui/scriber/Scriber.h>
+#include <moxui/skins/LayoutDirection.h>
 #include <moxui/ui/KeyboardEvent.h>
 
 #include <vector>
@@ -44,12 +45,14 @@ int StepOf(ui::KeyboardEvent const& event) {
     return 0;
   }
   switch (event.GetCode()) {
-    case KeyboardCode::kRight:
     case KeyboardCode::kDown:
       return 1;
-    case KeyboardCode::kLeft:
     case KeyboardCode::kUp:
       return -1;
+    case KeyboardCode::kRight:
+      return skins::IsRightToLeft() ? -1 : 1;
+    case KeyboardCode::kLeft:
+      return skins::IsRightToLeft() ? 1 : -1;
     default:
       return 0;
   }

@@ -5,6 +5,7 @@
 #include <moxcore/messaging/BindMessageFunction.h>
 #include <moxcore/string/Encoding.h>
 #include <moxui/controls/UI_ScrollView.h>
+#include <moxui/skins/LayoutDirection.h>
 #include <moxui/skins/ThemeColorID.h>
 #include <moxui/ui/KeyboardEvent.h>
 #include <moxui/ui/MouseEvent.h>
@@ -94,9 +95,9 @@ ExtentT<float> UI_ScrollView::ContentExtent(float viewedWidth) const {
 void UI_ScrollView::Update() {
   RectT<float> const rect = UI_GetLocalRectF(ui::RectSpace::kOwn);
   float const thickness = UI_ScrollBar::GetThickness();
-  ScrollLayout const layout =
-      GetScrollLayout({std::max(rect.width, 0.0f), std::max(rect.height, 0.0f)}, thickness, mBarX != nullptr,
-                      mBarY != nullptr, [this](float width) { return ContentExtent(width); });
+  ScrollLayout const layout = GetScrollLayout(
+      {std::max(rect.width, 0.0f), std::max(rect.height, 0.0f)}, thickness, mBarX != nullptr,
+      mBarY != nullptr, skins::IsRightToLeft(), [this](float width) { return ContentExtent(width); });
   mClipView->UI_SetLocalRectF(layout.viewed);
   PointT<float> const offset(std::clamp(mOffset.x, 0.0f, layout.MaximumOffset().x),
                              std::clamp(mOffset.y, 0.0f, layout.MaximumOffset().y));

@@ -7,6 +7,7 @@
 #include <moxui/scriber/FontInterface.h>
 #include <moxui/scriber/Scriber.h>
 #include <moxui/scriber/SurfaceInterface.h>
+#include <moxui/skins/LayoutDirection.h>
 #include <moxui/ui/UI_NodeManager.h>
 
 #include <algorithm>
@@ -19,7 +20,7 @@ namespace {
 constexpr std::u16string_view kUnknownText = u"\u2013";
 
 RectT<float> IndentedBox(RectT<float> const& rect, ControlText const& text) {
-  bool const fromRight = text.alignment == ControlAlignment::kRight;
+  bool const fromRight = GetAlignment(text) == ControlAlignment::kRight;
   return rect.Grown({fromRight ? 0.0f : -text.indent, 0.0f, fromRight ? -text.indent : 0.0f, 0.0f});
 }
 
@@ -35,9 +36,9 @@ UI_StaticText::~UI_StaticText() = default;
 
 void UI_StaticText::SetValue(moxcore::Utf16String text) {
   SetValueKnown();
-  ControlText changed = mText;
-  changed.text = std::move(text);
-  StoreText(std::move(changed));
+  if (StoreText(&ControlText::text, std::move(text))) {
+    UI_TellAccessibleChange(ui::AccessibleChange::kName);
+  }
 }
 
 void UI_StaticText::SetLabelText(moxcore::Utf8String const& text) {
@@ -52,21 +53,22 @@ float UI_StaticText::GetTextWidth() const {
 }
 
 void UI_StaticText::SetAlignment(ControlAlignment alignment) {
-  ControlText changed = mText;
-  changed.alignment = alignment;
-  StoreText(std::move(changed));
+  // The edge at which the text stands already may be asked for by its name.
+  if (std::exchange(mText.alignment, alignment).value_or(skins::GetLeadingAlignment()) != alignment) {
+    UI_Invalidate();
+  }
+}
+
+ControlAlignment UI_StaticText::GetAlignment() const {
+  return controls::GetAlignment(mText);
 }
 
 void UI_StaticText::SetTextTruncation(TextTruncation truncation) {
-  ControlText changed = mText;
-  changed.truncation = truncation;
-  StoreText(std::move(changed));
+  StoreText(&ControlText::truncation, truncation);
 }
 
 void UI_StaticText::SetTextIndent(float indent) {
-  ControlText changed = mText;
-  changed.indent = indent;
-  StoreText(std::move(changed));
+  StoreText(&ControlText::indent, indent);
 }
 
 void UI_StaticText::SetMultiLine(bool multiLine) {
@@ -76,21 +78,15 @@ void UI_StaticText::SetMultiLine(bool multiLine) {
 }
 
 void UI_StaticText::SetFontIndex(ui::FontIndex index) {
-  ControlText changed = mText;
-  changed.fontIndex = index;
-  StoreText(std::move(changed));
+  StoreText(&ControlText::fontIndex, index);
 }
 
 void UI_StaticText::SetFontSize(float size) {
-  ControlText changed = mText;
-  changed.fontSize = size;
-  StoreText(std::move(changed));
+  StoreText(&ControlText::fontSize, size);
 }
 
 void UI_StaticText::SetBold(bool bold) {
-  ControlText changed = mText;
-  changed.bold = bold;
-  StoreText(std::move(changed));
+  StoreText(&ControlText::bold, bold);
 }
 
 void UI_StaticText::SetCustomTextColor(ColorRGBA const& colour) {
@@ -105,15 +101,14 @@ void UI_StaticText::ClearCustomTextColor() {
   }
 }
 
-void UI_StaticText::StoreText(ControlText text) {
-  if (!(text == mText)) {
-    bool const isOtherText = text.text != mText.text;
-    mText = std::move(text);
-    UI_Invalidate();
-    if (isOtherText) {
-      UI_TellAccessibleChange(ui::AccessibleChange::kName);
-    }
+template <typename T>
+bool UI_StaticText::StoreText(T ControlText::*field, std::type_identity_t<T> value) {
+  if (mText.*field == value) {
+    return false;
   }
+  mText.*field = std::move(value);
+  UI_Invalidate();
+  return true;
 }
 
 void UI_StaticText::UI_Draw(scriber::Scriber* scriber) const {
@@ -125,11 +120,11 @@ void UI_StaticText::UI_Draw(scriber::Scriber* scriber) const {
     RectT<float> const box = IndentedBox(UI_GetLocalRectF(ui::RectSpace::kOwn), mText);
     std::u16string_view const shown = look.isUnknown ? kUnknownText : std::u16string_view(mText.text);
     if (!mMultiLine) {
-      skins::DrawTextLine(scriber, shown, box, mText.alignment, mText.truncation, *font, colour);
+      skins::DrawTextLine(scriber, shown, box, GetAlignment(), mText.truncation, *font, colour);
     } else {
       RectT<float> line(box.left, box.top, box.width, skins::GetLineHeight(*font));
       for (std::u16string_view const text : skins::WrapText(shown, box.width, *font)) {
-        skins::DrawTextLine(scriber, text, line, mText.alignment, TextTruncation::kEnd, *font, colour);
+        skins::DrawTextLine(scriber, text, line, GetAlignment(), TextTruncation::kEnd, *font, colour);
         line.top += line.height;
       }
     }

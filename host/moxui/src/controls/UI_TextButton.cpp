@@ -36,7 +36,7 @@ void UI_TextButton::SetLabelText(moxcore::Utf8String const& text) {
 }
 
 void UI_TextButton::SetAlignment(ControlAlignment alignment) {
-  StoreVisual(mLabel.alignment, alignment);
+  StoreVisual(mLabel.alignment, std::optional(alignment));
 }
 
 void UI_TextButton::SetTextIndent(float indent) {
@@ -72,12 +72,12 @@ void UI_TextButton::DrawContent(scriber::Scriber* scriber, RectT<float> const& r
   if (!font) {
     return;
   }
-  bool const fromRight = mLabel.alignment == ControlAlignment::kRight;
+  bool const fromRight = GetAlignment(mLabel) == ControlAlignment::kRight;
   float const left = kLeastMargin + (fromRight ? 0.0f : mLabel.indent);
   float const right = kLeastMargin + (fromRight ? mLabel.indent : 0.0f);
   RectT<float> const box = rect.Grown({-left, 0.0f, -right, 0.0f});
   ColorRGBA const colour = skins::design::GetButtonColor(parameters, skins::design::ButtonProperty::kLabel);
-  skins::DrawTextLine(scriber, mLabel.text, box, mLabel.alignment, mLabel.truncation, *font, colour);
+  skins::DrawTextLine(scriber, mLabel.text, box, GetAlignment(mLabel), mLabel.truncation, *font, colour);
 }
 
 }  // namespace moxui::controls

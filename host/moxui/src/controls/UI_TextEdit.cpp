@@ -3,6 +3,7 @@
 
 #include <moxcore/string/Encoding.h>
 #include <moxui/controls/UI_TextEdit.h>
+#include <moxui/skins/LayoutDirection.h>
 #include <moxui/ui/KeyboardEvent.h>
 #include <moxui/ui/MouseEvent.h>
 
@@ -56,7 +57,8 @@ void UI_TextEdit::SetFont(moxcore::Utf8String name, float size, moxcore::Utf8Str
 }
 
 void UI_TextEdit::SetAlignment(ControlAlignment alignment) {
-  mEdit->SetAlignment(alignment);
+  mAlignment = alignment;
+  PlaceEdit();
 }
 
 void UI_TextEdit::SetPlaceholder(moxcore::Utf16String text) {
@@ -84,6 +86,7 @@ void UI_TextEdit::PlaceEdit() {
   float const inset = mDrawFrame ? UI_GetCurrentSkinSet().GetNumber(skins::SkinNumber::kTextInset) : 0.0f;
   float const frame = mDrawFrame ? kFrame : 0.0f;
   mEdit->UI_SetLocalRectF(rect.Grown({-inset, -frame, -inset, -frame}));
+  mEdit->SetAlignment(mAlignment.value_or(skins::GetLeadingAlignment()));
 }
 
 void UI_TextEdit::UI_SizeChanged(RectT<float> const& rect) {

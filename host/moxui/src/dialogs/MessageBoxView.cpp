@@ -6,6 +6,7 @@
 #include <moxui/scriber/Scriber.h>
 #include <moxui/scriber/SurfaceInterface.h>
 #include <moxui/skins/CircleDrawing.h>
+#include <moxui/skins/LayoutDirection.h>
 #include <moxui/skins/Theme.h>
 #include <moxui/ui/KeyboardEvent.h>
 
@@ -79,6 +80,11 @@ void MessageBoxView::AddButton(unsigned button, char const* label) {
   mButtons.emplace_back(button, control);
 }
 
+RectT<float> MessageBoxView::Placed(RectT<float> const& rect) const {
+  float const left = skins::IsRightToLeft() ? mExtent.width - rect.Right() : rect.left;
+  return {left, rect.top, rect.width, rect.height};
+}
+
 void MessageBoxView::Arrange() {
   float const iconRoom = mContent.icon == MessageIcon::kNone ? 0.0f : kIconSize + kGap;
   mText->UI_SetLocalRectF({kPadding + iconRoom, kPadding, kTextWidth, 0.0f});
@@ -86,19 +92,20 @@ void MessageBoxView::Arrange() {
   float const body = std::max(std::ceil(text.height), iconRoom > 0.0f ? kIconSize : 0.0f);
   // A short text stands beside the middle of the icon.
   float const textTop = kPadding + std::floor((body - std::ceil(text.height)) / 2.0f);
-  mText->UI_SetLocalRectF({kPadding + iconRoom, textTop, kTextWidth, std::ceil(text.height)});
   float const width = kPadding + iconRoom + kTextWidth + kPadding;
+  mExtent.width = width;
+  mText->UI_SetLocalRectF(Placed({kPadding + iconRoom, textTop, kTextWidth, std::ceil(text.height)}));
   float const buttonTop = kPadding + body + kPadding;
   float right = width - kPadding;
   float height = 0.0f;
   for (auto button = mButtons.rbegin(); button != mButtons.rend(); ++button) {
     ExtentT<float> const wanted = button->second->UI_GetRecommendedSizeFromDefaultSupplier();
     float const buttonWidth = std::max(wanted.width, kButtonWidth);
-    button->second->UI_SetLocalRectF({right - buttonWidth, buttonTop, buttonWidth, wanted.height});
+    button->second->UI_SetLocalRectF(Placed({right - buttonWidth, buttonTop, buttonWidth, wanted.height}));
     right -= buttonWidth + kButtonGap;
     height = wanted.height;
   }
-  mExtent = {width, buttonTop + height + kPadding};
+  mExtent.height = buttonTop + height + kPadding;
 }
 
 void MessageBoxView::FocusDefaultButton() {
@@ -113,7 +120,7 @@ void MessageBoxView::UI_Draw(scriber::Scriber* scriber) const {
   scriber->GetSurface()->FillRect(UI_GetLocalRectF(ui::RectSpace::kOwn),
                                   GetColor(ui::ThemeColorID::kTabBackground));
   if (mContent.icon != MessageIcon::kNone) {
-    RectT<float> const disc(kPadding, kPadding, kIconSize, kIconSize);
+    RectT<float> const disc = Placed({kPadding, kPadding, kIconSize, kIconSize});
     skins::utilities::DrawCircleFill(scriber, disc, GetColor(ui::ThemeColorID::kInteractive));
     utils::DrawString(scriber, SignOf(mContent.icon), disc, scriber::TextAlignment::kCenter,
                       GetThemeFontName(ui::FontIndex::kTitle), kIconFontSize,

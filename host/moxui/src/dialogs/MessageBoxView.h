@@ -23,7 +23,8 @@ struct MessageBoxContent {
 /// The answer that Escape and a close give.
 unsigned GetCancelAnswer(unsigned buttons);
 
-/// The inside of a message box: icon, wrapped text, a row of buttons at the right. Calls `answered` once a
+/// The inside of a message box: icon, wrapped text, a row of buttons at the right; mirrored where the
+/// interface is laid out from right to left. Calls `answered` once a
 /// button was pressed, or a key that means one.
 class MessageBoxView : public ui::UI_SubView {
  public:
@@ -44,6 +45,8 @@ class MessageBoxView : public ui::UI_SubView {
  private:
   void AddButton(unsigned button, char const* label);
   void Arrange();
+  /// A place as given, or mirrored in the box.
+  RectT<float> Placed(RectT<float> const& rect) const;
 
   MessageBoxContent mContent;
   std::function<void(unsigned)> mAnswered;

@@ -9,6 +9,7 @@
 #include <moxui/scriber/SupplierInterface.h>
 #include <moxui/scriber/SurfaceInterface.h>
 #include <moxui/skins/CircleDrawing.h>
+#include <moxui/skins/LayoutDirection.h>
 
 #include <initializer_list>
 
@@ -147,9 +148,10 @@ void PaintDisclosureTriangle(scriber::Scriber* scriber, RectT<float> const& rect
     return;
   }
   // Along the direction it points in and across it; the same shape for both directions.
+  float const forward = IsRightToLeft() ? -1.0f : 1.0f;
   auto const at = [&](float along, float across) {
     return isExpanded ? PointT<float>(centre.x + across, centre.y + along)
-                      : PointT<float>(centre.x + along, centre.y + across);
+                      : PointT<float>(centre.x + forward * along, centre.y + across);
   };
   float const half = kTriangleReach / 2.0f;
   if (look.IsV7()) {

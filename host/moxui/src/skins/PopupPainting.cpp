@@ -8,6 +8,7 @@
 #include <moxui/scriber/Scriber.h>
 #include <moxui/scriber/SupplierInterface.h>
 #include <moxui/scriber/SurfaceInterface.h>
+#include <moxui/skins/LayoutDirection.h>
 
 namespace moxui::skins {
 namespace {
@@ -44,6 +45,12 @@ void PaintArrow(scriber::Scriber* scriber, RectT<float> const& area, ControlLook
 PopupLayout GetPopupLayout(RectT<float> const& rect, SkinSet const& skinSet) {
   float const arrowWidth = skinSet.IsV7OrBeyond() ? kV7ArrowWidth : kClassicArrowWidth;
   float const inset = skinSet.GetNumber(SkinNumber::kTextInset);
+  if (IsRightToLeft()) {
+    RectT<float> const arrow(rect.left, rect.top, arrowWidth, rect.height);
+    return {.text = RectT<float>::FromEdges(arrow.Right() + inset / 2.0f, rect.top, rect.Right() - inset,
+                                            rect.Bottom()),
+            .arrow = arrow};
+  }
   RectT<float> const arrow(rect.Right() - arrowWidth, rect.top, arrowWidth, rect.height);
   return {
       .text = RectT<float>::FromEdges(rect.left + inset, rect.top, arrow.left - inset / 2.0f, rect.Bottom()),
@@ -75,9 +82,9 @@ void PaintPopupBox(scriber::Scriber* scriber, RectT<float> const& rect, bool dra
   FrameBox(scriber, rect, radius, look.Color(outline), 1.0f);
   RectT<float> const arrow = GetPopupLayout(rect, *look.skinSet).arrow;
   if (drawDivider && !look.IsV7()) {
+    float const divider = IsRightToLeft() ? arrow.Right() - 1.0f : arrow.left;
     scriber->GetSurface()->FillRect(
-        {arrow.left, rect.top + kDividerInset, 1.0f, rect.height - 2.0f * kDividerInset},
-        look.Color(outline));
+        {divider, rect.top + kDividerInset, 1.0f, rect.height - 2.0f * kDividerInset}, look.Color(outline));
   }
   PaintArrow(scriber, arrow, look);
 }

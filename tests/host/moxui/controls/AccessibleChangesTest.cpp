@@ -83,6 +83,18 @@ TEST_F(AccessibleChanges, OfNumbersAndChoicesAreTold) {
   popup->AddItem(u"Mono");
   popup->SetValue(0);
   EXPECT_THAT(stage.Take(), ElementsAre(AccessibleChange::kValue));
+  popup->SetItems({{u"Mono"}, {u"Stereo"}});
+  EXPECT_THAT(stage.Take(), IsEmpty());
+  popup->SetItems({{u"Stereo"}});
+  EXPECT_THAT(stage.Take(), ElementsAre(AccessibleChange::kValue));
+  popup->DeleteAllItems();
+  EXPECT_THAT(stage.Take(), ElementsAre(AccessibleChange::kValue));
+}
+
+TEST_F(AccessibleChanges, OfASlidersEndsAreTold) {
+  auto const slider = Put<controls::UI_Slider>();
+  slider->SetLimits(-1.0, 1.0);
+  EXPECT_THAT(stage.Take(), ElementsAre(AccessibleChange::kValue));
 }
 
 TEST_F(AccessibleChanges, OfTextsAreTold) {

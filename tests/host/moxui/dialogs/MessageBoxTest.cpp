@@ -1,5 +1,6 @@
 #include <moxui/dialogs/MessageBox.h>
 #include <moxui/platform/Application.h>
+#include <moxui/skins/LayoutDirection.h>
 #include <moxui/testing/ModalAnswers.h>
 #include <moxui/ui/KeyboardEvent.h>
 #include <moxui/ui/NodeTree.h>
@@ -9,6 +10,7 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <vector>
 
 namespace moxui::dialogs {
 namespace {
@@ -81,6 +83,35 @@ TEST(MessageBox, AStopBoxHasATextAndOneButton) {
   });
   messagebox::ShowStop(nullptr, u"Presets", u"The preset 'Mine' did not load correctly.", {});
   EXPECT_EQ(children, 2u);
+}
+
+// Where the children of a box lie: its text, then its buttons.
+std::vector<RectT<float>> PlacesInABox() {
+  std::vector<RectT<float>> places;
+  OnceOpen([&](ui::NodeTree& tree) {
+    ui::UI_Container const& box = *tree.GetRoot()->UI_GetContainer();
+    for (auto child = box.ChildBegin(); child != box.ChildEnd(); ++child) {
+      places.push_back((*child)->UI_GetLocalRectF(ui::RectSpace::kParent));
+    }
+    places.push_back(tree.GetRoot()->UI_GetLocalRectF(ui::RectSpace::kOwn));
+    PressKey(tree, KeyboardCode::kEscape);
+  });
+  Ask(kYesNo, DialogButton::kYes);
+  return places;
+}
+
+TEST(MessageBox, IsMirroredWhereTheInterfaceRunsFromRightToLeft) {
+  auto const plain = PlacesInABox();
+  skins::SetRightToLeft(true);
+  auto const mirrored = PlacesInABox();
+  skins::SetRightToLeft(false);
+  ASSERT_EQ(plain.size(), 4u);
+  ASSERT_EQ(mirrored.size(), 4u);
+  for (std::size_t i = 0; i < 3; ++i) {
+    EXPECT_FLOAT_EQ(mirrored[i].Right(), plain.back().width - plain[i].left);
+    EXPECT_EQ(mirrored[i].Extent(), plain[i].Extent());
+    EXPECT_FLOAT_EQ(mirrored[i].top, plain[i].top);
+  }
 }
 
 }  // namespace

@@ -4,6 +4,8 @@
 #include <moxui/controls/ControlTypes.h>
 #include <moxui/skins/ThemeFont.h>
 
+#include <optional>
+
 namespace moxui::ui {
 class ThemeClient;
 }
@@ -16,12 +18,15 @@ struct ControlText {
   ui::FontIndex fontIndex = ui::FontIndex::kText;
   float fontSize = 0.0f;  ///< 0: the theme's size for the index, or the custom one in force
   bool bold = false;
-  ControlAlignment alignment = ControlAlignment::kLeft;
-  float indent = 0.0f;  ///< from the edge that the text is aligned to
+  std::optional<ControlAlignment> alignment{};  ///< empty: where the language's lines begin
+  float indent = 0.0f;                          ///< from the edge that the text is aligned to
   TextTruncation truncation = TextTruncation::kEnd;
 
   friend bool operator==(ControlText const&, ControlText const&) = default;
 };
+
+/// The alignment that was set, else the one of the layout's direction.
+ControlAlignment GetAlignment(ControlText const& text);
 
 /// The font of a text below a client; null when there is no font at all.
 scriber::FontP GetControlFont(ControlText const& text, ui::ThemeClient const& client,

@@ -22,7 +22,7 @@ class UI_Checkbox : public UI_Button {
   moxcore::Utf16String const& GetTextLabel() const { return mLabel.text; }
   void SetFontIndex(ui::FontIndex index);
 
-  /// The box: at the left, in the middle of the height; in the middle of all without a label.
+  /// The box: at the leading edge, in the middle of the height; in the middle of all without a label.
   RectT<float> GetBoxRect() const;
 
   void UI_Draw(scriber::Scriber* scriber) const override;

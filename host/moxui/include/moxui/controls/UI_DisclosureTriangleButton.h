@@ -5,7 +5,8 @@
 namespace moxui::controls {
 
 /// A triangle that points right while what it stands for is collapsed (value 0) and down while it is expanded
-/// (value 1). A click, Space or Enter turns it; Right expands and Left collapses.
+/// (value 1). A click, Space or Enter turns it; Right expands and Left collapses. Laid out from right to left
+/// it points left and the two keys change places.
 class UI_DisclosureTriangleButton : public UI_Button {
  public:
   UI_DisclosureTriangleButton();

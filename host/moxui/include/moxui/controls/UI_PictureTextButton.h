@@ -5,7 +5,7 @@
 
 namespace moxui::controls {
 
-/// A button with a picture and a line of text to the right of it, both together in its middle.
+/// A button with a picture and a line of text behind it, both together in its middle.
 class UI_PictureTextButton : public UI_ImageHandling<UI_TextButton> {
  public:
   using UI_ImageHandling<UI_TextButton>::UI_ImageHandling;

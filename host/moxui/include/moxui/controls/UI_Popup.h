@@ -83,6 +83,7 @@ class UI_Popup : public UI_Button {
   void Clicked() override;
 
  private:
+  void ItemsChanged(moxcore::Utf16String const& shownBefore);
   bool CanChoose(std::int64_t value) const;
   void Choose(std::int64_t value);
   bool Step(int step);

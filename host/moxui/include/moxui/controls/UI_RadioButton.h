@@ -20,7 +20,7 @@ class UI_RadioButton : public UI_Button {
   void SetLabelText(moxcore::Utf8String const& text);
   moxcore::Utf16String const& GetTextLabel() const { return mLabel.text; }
 
-  /// The mark: at the left, in the middle of the height; in the middle of all without a label.
+  /// The mark: at the leading edge, in the middle of the height; in the middle of all without a label.
   RectT<float> GetMarkRect() const;
 
   void UI_Draw(scriber::Scriber* scriber) const override;

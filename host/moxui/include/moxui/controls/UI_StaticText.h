@@ -3,6 +3,8 @@
 #include <moxui/controls/ControlText.h>
 #include <moxui/controls/UI_ControlView.h>
 
+#include <type_traits>
+
 namespace moxui::controls {
 
 /// A text to be read: one line, truncated where it doesn't fit, or with SetMultiLine wrapped at words.
@@ -19,8 +21,9 @@ class UI_StaticText : public UI_ControlView {
   /// Of the whole text in its font, fraction kept, as if in one line; 0 when empty.
   float GetTextWidth() const;
 
+  /// Until it is set, the text begins where the language's lines begin.
   void SetAlignment(ControlAlignment alignment);
-  ControlAlignment GetAlignment() const { return mText.alignment; }
+  ControlAlignment GetAlignment() const;
   void SetTextTruncation(TextTruncation truncation);
   void SetTextIndent(float indent);
   void SetMultiLine(bool multiLine);
@@ -38,7 +41,9 @@ class UI_StaticText : public UI_ControlView {
   moxcore::Utf8String UI_GetAccessibleName() const override;
 
  private:
-  void StoreText(ControlText text);
+  /// The shape of every setter of a part of the text; true when it has changed.
+  template <typename T>
+  bool StoreText(T ControlText::*field, std::type_identity_t<T> value);
 
   ControlText mText;
   ColorRGBAOptional mCustomColor;

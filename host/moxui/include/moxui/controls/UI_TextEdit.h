@@ -24,6 +24,7 @@ class UI_TextEdit : public UI_ControlView {
 
   /// Size in logical pixels; style "" or "Bold".
   void SetFont(moxcore::Utf8String name, float size, moxcore::Utf8String style);
+  /// Until it is set, the text begins where the language's lines begin.
   void SetAlignment(ControlAlignment alignment);
   void SetPlaceholder(moxcore::Utf16String text);
   void SetReadOnly(bool readOnly);
@@ -62,6 +63,7 @@ class UI_TextEdit : public UI_ControlView {
   moxcore::utility::IntrusivePtr<OS_EditText> mEdit;
   ControlListeners mEditListeners;
   moxcore::Utf16String mTextAtBegin;
+  std::optional<ControlAlignment> mAlignment;
   bool mIsEditing = false;
   bool mWasUnknownAtBegin = false;
   bool mReturnEndsEditing = true;

@@ -1,6 +1,7 @@
 #include "controls/ControlPage.h"
 
 #include "controls/ControlTalk.h"
+#include "controls/KeyTable.h"
 #include "controls/StatePreview.h"
 #include "program/Localized.h"
 #include "shell/EventLog.h"
@@ -28,6 +29,7 @@ constexpr float kHeaderHeight = 28.0f;
 constexpr float kRowPadding = 8.0f;
 constexpr float kTitleWidth = 176.0f;
 constexpr float kSmallestColumn = 200.0f;
+constexpr float kKeysGap = 20.0f;
 
 float UpToGrid(float value) {
   return std::ceil(value / 4.0f) * 4.0f;
@@ -41,7 +43,7 @@ float ColumnWidth(float width) {
 }  // namespace
 
 ControlPage::ControlPage(PageContext const& context, std::vector<ControlSample> samples,
-                         std::vector<SampleState> states)
+                         std::vector<SampleState> states, std::vector<KeyLine> const& keys)
     : mLog(context.log), mStates(std::move(states)) {
   for (ControlSample& sample : samples) {
     Row row;
@@ -53,6 +55,10 @@ ControlPage::ControlPage(PageContext const& context, std::vector<ControlSample> 
     ChildPushBack(row.live);
     ChildPushBack(row.preview);
     mRows.push_back(std::move(row));
+  }
+  if (!keys.empty()) {
+    mKeys = MakeIntrusive<KeyTable>(keys, kTitleWidth);
+    ChildPushBack(mKeys);
   }
 }
 
@@ -103,6 +109,12 @@ void ControlPage::LayOut() {
     row.preview->UI_SetLocalRectF(Placed(live.Offset({column, 0.0f}), own.width));
     top += row.rect.height;
   }
+  if (mKeys) {
+    RectT<float> const place{kPanelPadding, top + kKeysGap, own.width - 2.0f * kPanelPadding,
+                             mKeys->GetHeight()};
+    mKeys->UI_SetLocalRectF(place);
+    mKeys->UI_Show(place.Bottom() <= own.height);
+  }
   ShowState(mState);
 }
 
@@ -121,9 +133,15 @@ void ControlPage::UI_Draw(moxui::scriber::Scriber* scriber) const {
   };
   heading(left, Text16("$$$/playground/controls/live=To be tried"));
   heading(left + column, Text16(DescriptionOf(mStates[mState]).title));
-  for (Row const& row : mRows) {
-    moxui::utils::DrawRect(scriber, {kPanelPadding, row.rect.top, own.width - 2.0f * kPanelPadding, 1.0f},
+  auto const rule = [&](float top) {
+    moxui::utils::DrawRect(scriber, {kPanelPadding, top, own.width - 2.0f * kPanelPadding, 1.0f},
                            ThemeColor(ThemeColorID::kGray3));
+  };
+  if (mKeys && mKeys->UI_IsShown()) {
+    rule(mKeys->UI_GetLocalRectF(true).top);
+  }
+  for (Row const& row : mRows) {
+    rule(row.rect.top);
     DrawLabel(scriber, row.title,
               Placed({kPanelPadding, row.rect.top, kTitleWidth - 8.0f, ControlHeight() + 2.0f * kRowPadding},
                      own.width),

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "controls/ControlKeys.h"
 #include "controls/SampleState.h"
 #include "shell/Page.h"
 
@@ -11,6 +12,7 @@
 
 namespace playground {
 
+class KeyTable;
 class StatePreview;
 
 // One control of a page: what it is called, how it is made, and its size where the recommended one would not
@@ -23,11 +25,12 @@ struct ControlSample {
 };
 
 // A row for each control: its name, the control itself to be tried, and the same control frozen in the state
-// of the page. The log hears what the live ones tell.
+// of the page; below them the keys that work them, where there is room. The log hears what the live ones
+// tell.
 class ControlPage : public Page {
  public:
-  ControlPage(PageContext const& context, std::vector<ControlSample> samples,
-              std::vector<SampleState> states);
+  ControlPage(PageContext const& context, std::vector<ControlSample> samples, std::vector<SampleState> states,
+              std::vector<KeyLine> const& keys = {});
   ~ControlPage() override;
 
   void ShowState(std::size_t state) override;
@@ -52,6 +55,7 @@ class ControlPage : public Page {
 
   EventLog& mLog;
   std::vector<Row> mRows;
+  moxcore::utility::IntrusivePtr<KeyTable> mKeys;
   std::vector<SampleState> mStates;
   std::size_t mState = 0;
 };

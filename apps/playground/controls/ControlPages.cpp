@@ -1,5 +1,6 @@
 #include "controls/ControlPages.h"
 
+#include "controls/ControlKeys.h"
 #include "controls/ControlPage.h"
 #include "controls/SampleIcon.h"
 #include "controls/SampleState.h"
@@ -171,8 +172,8 @@ PageDescriptor Described(std::string_view name, std::string_view title, std::str
           .group = "$$$/playground/group/controls=Stock controls",
           .description = description,
           .states = PageStatesOf(states),
-          .make = [samples, states](PageContext const& context) -> IntrusivePtr<Page> {
-            return MakeIntrusive<ControlPage>(context, samples(), states);
+          .make = [name, samples, states](PageContext const& context) -> IntrusivePtr<Page> {
+            return MakeIntrusive<ControlPage>(context, samples(), states, KeysOfPage(name));
           }};
 }
 

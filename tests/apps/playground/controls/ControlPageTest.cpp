@@ -1,4 +1,5 @@
 #include "controls/ControlPage.h"
+#include "controls/KeyTable.h"
 #include "controls/StatePreview.h"
 #include "playground/StagedProgram.h"
 #include "program/Localized.h"
@@ -62,6 +63,55 @@ TEST(ControlPage, PreviewsLeaveTheWindowsTreeTheCurrentOne) {
   StagedProgram program("popup");
   program.Controls().ShowState(3);
   EXPECT_EQ(moxui::ui::UI_NodeManager::Get(true)->GetCurrentTree(), &program.stage.GetTree());
+}
+
+KeyTable* FindKeyTable(ControlPage& page) {
+  for (auto child = page.ChildBegin(); child != page.ChildEnd(); ++child) {
+    if (auto* const table = dynamic_cast<KeyTable*>(child->Get())) {
+      return table;
+    }
+  }
+  return nullptr;
+}
+
+TEST(ControlPage, TellsTheKeysBelowTheRows) {
+  for (PageDescriptor const& page : AllPages()) {
+    StagedProgram program(page.name);
+    auto const keys = KeysOfPage(page.name);
+    if (keys.empty()) {
+      continue;
+    }
+    KeyTable* const table = FindKeyTable(program.Controls());
+    ASSERT_NE(table, nullptr) << page.name;
+    EXPECT_TRUE(table->UI_IsShown()) << page.name;
+    // A heading, then two texts a line.
+    EXPECT_EQ(table->ChildSize(), 1 + 2 * keys.size()) << page.name;
+    std::size_t const last = program.Controls().SampleCount() - 1;
+    EXPECT_GE(table->UI_GetLocalRectF(true).top,
+              program.Controls().LiveControl(last).UI_GetLocalRectF(true).Bottom())
+        << page.name;
+  }
+}
+
+TEST(ControlPage, HasAKeyTableWhereverAControlTakesTheFocus) {
+  for (PageDescriptor const& page : AllPages()) {
+    if (page.name != "audio") {
+      StagedProgram program(page.name);
+      bool const isWorked =
+          program.Controls().LiveControl(0).UI_WantsKeyboardFocus() || page.name == "scroll-view";
+      EXPECT_EQ(isWorked, !KeysOfPage(page.name).empty()) << page.name;
+    }
+  }
+}
+
+TEST(ControlPage, HidesKeysThatHaveNoRoom) {
+  StagedProgram program("buttons");
+  KeyTable const* const table = FindKeyTable(program.Controls());
+  ASSERT_NE(table, nullptr);
+  auto const rect = program.Controls().UI_GetLocalRectF(true);
+  program.Controls().UI_SetLocalRectF(
+      {rect.left, rect.top, rect.width, table->UI_GetLocalRectF(true).top + 10.0f});
+  EXPECT_FALSE(table->UI_IsShown());
 }
 
 TEST(ControlPage, LogHearsAClick) {

@@ -54,6 +54,13 @@ DurableFile::~DurableFile() {
   }
 }
 
+void DurableFile::Reserve(std::int64_t size) {
+  if (size > 0 && fallocate(mDescriptor, FALLOC_FL_KEEP_SIZE, 0, size) != 0 &&
+      (errno == ENOSPC || errno == EFBIG || errno == EDQUOT)) {
+    Throw();
+  }
+}
+
 void DurableFile::Write(std::span<const std::uint8_t> bytes) {
   while (!bytes.empty()) {
     const ssize_t written = write(mDescriptor, bytes.data(), bytes.size());

@@ -21,6 +21,8 @@ class DurableFile {
   static constexpr std::string_view kEnding = ".pending";
 
   // All throw std::system_error.
+  // Takes room for that many bytes at once, where the file system can: a full disk is found at the beginning.
+  void Reserve(std::int64_t size);
   void Write(std::span<const std::uint8_t> bytes);
   // Replaces the first bytes of what was written.
   void WriteAtStart(std::span<const std::uint8_t> bytes);

@@ -3,10 +3,13 @@
 #include "audio/AudioProperties.h"
 #include "audio/AudioReadOut.h"
 #include "audio/ChannelGutter.h"
+#include "audio/EditBar.h"
+#include "audio/EditKeys.h"
 #include "audio/OverviewBar.h"
 #include "audio/PeakProgress.h"
 #include "audio/PropertyPanel.h"
 #include "audio/TimeRulerView.h"
+#include "audio/ViewDrag.h"
 #include "audio/WaveformView.h"
 #include "program/AppearanceState.h"
 #include "program/Localized.h"
@@ -61,11 +64,13 @@ AudioPage::AudioPage(PageContext const& context) : mSession(context.audio), mLog
   mSummary = MakeIntrusive<UI_StaticText>();
   mSummary->SetFontIndex(FontIndex::kSmall);
   mSummary->SetAlignment(Leading());
+  mSummary->SetTextTruncation(moxui::controls::TextTruncation::kEnd);
   mFailure = MakeIntrusive<UI_StaticText>();
   mFailure->SetAlignment(Leading());
   mFailure->SetTextTruncation(moxui::controls::TextTruncation::kMiddle);
   mDismiss = MakeIntrusive<UI_TextButton>(Text16("$$$/playground/audio/dismiss=Dismiss"));
   mDismiss->SetWantsKeyboardFocus(true);
+  mEdit = MakeIntrusive<EditBar>(mSession);
   mGutter = MakeIntrusive<ChannelGutter>(mSession);
   mRuler = MakeIntrusive<TimeRulerView>(mSession);
   mWaveform = MakeIntrusive<WaveformView>(mSession);
@@ -80,8 +85,9 @@ AudioPage::AudioPage(PageContext const& context) : mSession(context.audio), mLog
   mHint->SetTextTruncation(moxui::controls::TextTruncation::kEnd);
   mHint->UI_SetToolTip(moxcore::Utf8String(Text(
                            "$$$/playground/audio/keys=Arrows scroll, up and down change the level\\nPlus and "
-                           "minus zoom, F shows all, Z the selection\\nShift and arrows select, Escape "
-                           "selects nothing\\n1 to 9 switch channels off and on")),
+                           "minus zoom, F shows all, Z the selection and again what was before\\nShift and "
+                           "arrows select, Escape selects nothing\\nCtrl+Z undoes, Ctrl+Shift+Z or Ctrl+Y "
+                           "redoes\\n1 to 9 switch channels off and on")),
                        400);
   mProgress = MakeIntrusive<PeakProgress>(mSession);
   mPanel = MakeIntrusive<PropertyPanel>();
@@ -89,6 +95,7 @@ AudioPage::AudioPage(PageContext const& context) : mSession(context.audio), mLog
   for (moxcore::utility::IntrusivePtr<moxui::ui::UI_Node> const& child :
        {moxcore::utility::IntrusivePtr<moxui::ui::UI_Node>(mSounds),
         {mSummary},
+        {mEdit},
         {mFailure},
         {mDismiss},
         {mGutter},
@@ -138,11 +145,21 @@ ChannelGutter& AudioPage::Gutter() const {
 OverviewBar& AudioPage::Overview() const {
   return *mOverview;
 }
+TimeRulerView& AudioPage::Ruler() const {
+  return *mRuler;
+}
 PropertyPanel& AudioPage::Panel() const {
   return *mPanel;
 }
 PeakProgress& AudioPage::Progress() const {
   return *mProgress;
+}
+EditBar& AudioPage::Edit() const {
+  return *mEdit;
+}
+
+bool AudioPage::HandleShortcut(moxui::ui::KeyboardEvent const& event) {
+  return HandleEditKey(mSession, event);
 }
 
 float AudioPage::GetScrollOffset() const {
@@ -161,6 +178,7 @@ void AudioPage::ShowState(std::size_t state) {
   if (!mSession.HasSound()) {
     mSession.ShowDocument(0);
   }
+  ViewDrag const oneStep(mSession);
   double const frames = static_cast<double>(mSession.View().Frames());
   auto const at = [frames](double share) { return static_cast<std::int64_t>(share * frames); };
   mSession.ChangeSettings([&](WaveformSettings& settings) {
@@ -217,6 +235,7 @@ void AudioPage::SessionChanged(SessionChanges changes) {
     mPanel->Refresh();
     LogSelection();
   }
+  mEdit->Refresh();
   ShowReadOut();
 }
 
@@ -237,6 +256,7 @@ void AudioPage::DocumentChanged() {
   }
   ShowProgress();
   mHoveredColumn.reset();
+  mEdit->Refresh();
   mGutter->SessionChanged();
   LayOut();
   mWaveform->ViewChanged();
@@ -305,7 +325,9 @@ void AudioPage::LayOut() {
   float const mainRight = own.width - kPanelWidth - kPanelPadding;
   place(*mSounds, {kPanelPadding, 8.0f, kSoundsWidth, control});
   float const summary = kPanelPadding + kSoundsWidth + kGroupGap;
-  place(*mSummary, {summary, 8.0f, std::max(mainRight - summary, 0.0f), control});
+  float const edit = mainRight - EditBar::Width();
+  place(*mSummary, {summary, 8.0f, std::max(edit - kGroupGap - summary, 0.0f), control});
+  place(*mEdit, {edit, 8.0f, EditBar::Width(), control});
 
   bool const failed = !mSession.Failures().empty();
   mFailure->UI_Show(failed);

@@ -14,6 +14,7 @@
 namespace playground {
 
 class ChannelGutter;
+class EditBar;
 class OverviewBar;
 class PeakProgress;
 class PropertyPanel;
@@ -36,8 +37,10 @@ class AudioPage : public Page {
   WaveformView& Waveform() const;
   ChannelGutter& Gutter() const;
   OverviewBar& Overview() const;
+  TimeRulerView& Ruler() const;
   PropertyPanel& Panel() const;
   PeakProgress& Progress() const;
+  EditBar& Edit() const;
   moxui::controls::UI_Popup& Sounds() const { return *mSounds; }
   // What the line about failures says; empty when there are none.
   std::string FailureText() const;
@@ -52,6 +55,7 @@ class AudioPage : public Page {
   void UI_NodeChanged(moxui::ui::NodeChange change) override;
   bool UI_DoTimerNotify(int id) override;
   void UI_FocusChanged(moxui::ui::FocusChangeReason reason) override;
+  bool HandleShortcut(moxui::ui::KeyboardEvent const& event) override;
 
  private:
   void SessionChanged(SessionChanges changes);
@@ -72,6 +76,7 @@ class AudioPage : public Page {
   moxcore::utility::IntrusivePtr<moxui::controls::UI_StaticText> mSummary;
   moxcore::utility::IntrusivePtr<moxui::controls::UI_StaticText> mFailure;
   moxcore::utility::IntrusivePtr<moxui::controls::UI_TextButton> mDismiss;
+  moxcore::utility::IntrusivePtr<EditBar> mEdit;
   moxcore::utility::IntrusivePtr<ChannelGutter> mGutter;
   moxcore::utility::IntrusivePtr<TimeRulerView> mRuler;
   moxcore::utility::IntrusivePtr<WaveformView> mWaveform;

@@ -20,6 +20,7 @@ bool AudioSession::DrawsSamples() const {
 }
 
 void AudioSession::Begin(std::size_t index) {
+  LeaveCurrent();
   mCurrent = index;
   AudioDocument const& document = Current();
   std::int64_t const frames = document.Frames();
@@ -28,6 +29,7 @@ void AudioSession::Begin(std::size_t index) {
   mSettings.SetChannelCount(document.ChannelCount());
   mSettings.fadeStart = 0;
   mSettings.fadeEnd = frames;
+  ReturnToPlace();
 }
 
 void AudioSession::SetListener(void const* owner, std::function<void(SessionChanges)> listener) {
@@ -175,22 +177,6 @@ void AudioSession::ForgetFailures() {
   if (!mFailures.empty()) {
     mFailures.clear();
     Tell(SessionChange::kFailures);
-  }
-}
-
-void AudioSession::ChangeView(std::function<void(Viewport&)> const& change) {
-  Viewport const before = mView;
-  change(mView);
-  if (!(mView == before)) {
-    Tell(SessionChange::kView);
-  }
-}
-
-void AudioSession::ChangeSelection(std::function<void(SampleSelection&)> const& change) {
-  SampleSelection const before = mSelection;
-  change(mSelection);
-  if (!(mSelection == before)) {
-    Tell(SessionChange::kSelection);
   }
 }
 

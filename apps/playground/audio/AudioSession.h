@@ -2,6 +2,8 @@
 
 #include "audio/AudioDocument.h"
 #include "audio/SampleSelection.h"
+#include "audio/SelectionZoom.h"
+#include "audio/ViewHistory.h"
 #include "audio/Viewport.h"
 #include "audio/WaveformSettings.h"
 #include "shell/MainThreadBell.h"
@@ -10,6 +12,8 @@
 
 #include <cstddef>
 #include <functional>
+#include <map>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -24,6 +28,7 @@ inline constexpr unsigned kSelection = 4;  // what is selected
 inline constexpr unsigned kSettings = 8;   // how it is drawn
 inline constexpr unsigned kFailures = 16;  // files that couldn't be opened
 inline constexpr unsigned kPeaks = 32;     // more of the current sound is known, or the work on it goes on
+inline constexpr unsigned kHistory = 256;  // whether there is something to undo or to redo
 }  // namespace SessionChange
 using SessionChanges = moxui::Flags<unsigned>;
 
@@ -76,10 +81,27 @@ class AudioSession {
   Viewport const& View() const { return mView; }
   SampleSelection const& Selection() const { return mSelection; }
   WaveformSettings const& Settings() const { return mSettings; }
-  // Each calls `change` and tells the listener if anything became different.
-  void ChangeView(std::function<void(Viewport&)> const& change);
-  void ChangeSelection(std::function<void(SampleSelection&)> const& change);
+  // Each calls `change` and tells the listener if anything became different. Changes of the view and of the
+  // selection are steps that can be undone, but for another width of the view, which is the window's doing.
+  void ChangeView(std::function<void(Viewport&)> const& change, ViewStep step = ViewStep::kSingle);
+  void ChangeSelection(std::function<void(SampleSelection&)> const& change,
+                       ViewStep step = ViewStep::kSingle);
   void ChangeSettings(std::function<void(WaveformSettings&)> const& change);
+
+  // The current document's steps. Without one to go to, and during a drag, nothing happens: false.
+  bool CanUndo() const { return CurrentPlaces().history.CanUndo(); }
+  bool CanRedo() const { return CurrentPlaces().history.CanRedo(); }
+  bool Undo();
+  bool Redo();
+  // What comes between them is one step; they nest. ViewDrag calls them.
+  void BeginDrag();
+  void EndDrag();
+
+  // Shows the selection, or where it is shown already what was shown before it.
+  void ToggleSelectionZoom();
+  bool CanToggleSelectionZoom() const { return CurrentPlaces().zoom.CanToggle(mSelection); }
+  // Shows what was shown before the selection.
+  void LeaveSelectionZoom();
 
   // Whether the view is drawn from single samples rather than from peaks.
   bool DrawsSamples() const;
@@ -98,6 +120,21 @@ class AudioSession {
   void ForgetGivenUp();
   void TakeNews();
 
+  // How a document was left, and the ways through it.
+  struct Places {
+    ViewHistory history;
+    SelectionZoom zoom;
+    std::optional<ViewPlace> left;
+  };
+  Places const& CurrentPlaces() const;
+  Places& CurrentPlaces() { return mPlaces[mCurrent]; }
+  void LeaveCurrent();
+  void ReturnToPlace();
+  void Note(ViewPlace const& before, ViewStep step);
+  // The place in the view's width and the sound's length of now.
+  ViewPlace Fitted(ViewPlace place) const;
+  bool GoTo(std::optional<ViewPlace> const& target);
+
   MainThreadBell mBell;  // rung by threads that work for the documents
   moxaudiotoolkit::FilePeaksOptions mPeaksOptions;
   std::vector<AudioDocument> mDocuments;
@@ -109,6 +146,7 @@ class AudioSession {
   std::function<void(OpenFailure const&)> mFailureFunction;
   Viewport mView;
   SampleSelection mSelection;
+  std::map<std::size_t, Places> mPlaces;  // by the number of the document
   WaveformSettings mSettings;
   void const* mListenerOwner = nullptr;
   std::function<void(SessionChanges)> mListener;

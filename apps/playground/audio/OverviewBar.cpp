@@ -2,6 +2,7 @@
 
 #include "audio/AudioSession.h"
 #include "audio/TimeRuler.h"
+#include "audio/ViewDrag.h"
 #include "program/AppearanceState.h"
 #include "program/Localized.h"
 #include "shell/DevicePixels.h"
@@ -162,7 +163,7 @@ bool OverviewBar::UI_DoKeyboardEvent(moxui::ui::UI_Node*, moxui::ui::KeyboardEve
     default:
       return false;
   }
-  mSession.ChangeView([left](Viewport& changed) { changed.ScrollTo(left); });
+  mSession.ChangeView([left](Viewport& changed) { changed.ScrollTo(left); }, ViewStep::kScroll);
   return true;
 }
 
@@ -170,6 +171,7 @@ bool OverviewBar::UI_DoMouseEvent(moxui::ui::UI_Node*, moxui::ui::MouseEvent con
   double const sample = SampleAt(event.GetPosition().x);
   if (event.IsAction(PointerAction::kPress) && event.IsButton(moxui::ui::MouseButton::kLeft)) {
     mIsDragged = true;
+    mStep = std::make_unique<ViewDrag>(mSession);
     UI_GainKeyboardFocus(moxui::ui::FocusChangeReason::kPointer);
     if (!ThumbRect().Contains(event.GetPosition())) {
       mSession.ChangeView([sample](Viewport& view) { view.ScrollTo(sample - view.VisibleSamples() / 2.0); });
@@ -185,6 +187,7 @@ bool OverviewBar::UI_DoMouseEvent(moxui::ui::UI_Node*, moxui::ui::MouseEvent con
   }
   if (event.IsAction(PointerAction::kRelease) || event.IsAction(PointerAction::kCancel)) {
     mIsDragged = false;
+    mStep.reset();
     UI_Invalidate();
     return true;
   }

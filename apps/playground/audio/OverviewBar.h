@@ -16,6 +16,7 @@ class PeakPyramid;
 namespace playground {
 
 class AudioSession;
+class ViewDrag;
 
 // The whole sound in small, with a frame around the part that the view above shows: a scroll bar that shows
 // what it scrolls over. The frame is dragged; a press beside it brings it there.
@@ -51,6 +52,7 @@ class OverviewBar : public moxui::ui::UI_Node {
   mutable std::shared_ptr<moxaudiotoolkit::waveform::WaveformData> mData;
   mutable int mDrawnWidth = 0;
   bool mIsDragged = false;
+  std::unique_ptr<ViewDrag> mStep;  // of the drag
   bool mIsHovered = false;
   double mGrab = 0.0;  // samples from the left of the view to where the frame was taken
 };

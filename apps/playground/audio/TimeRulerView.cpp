@@ -2,13 +2,18 @@
 
 #include "audio/AudioSession.h"
 #include "audio/TimeRuler.h"
+#include "audio/ViewDrag.h"
+#include "audio/WaveformWheel.h"
 #include "program/Localized.h"
 #include "shell/Painting.h"
 
 #include <moxui/scriber/Drawing.h>
 #include <moxui/ui/MouseEvent.h>
+#include <moxui/ui/OS_Menu.h>
 
+#include <algorithm>
 #include <cmath>
+#include <string>
 
 namespace playground {
 namespace {
@@ -22,6 +27,14 @@ constexpr float kLabelInset = 4.0f;
 
 }  // namespace
 
+TimeRulerView::TimeRulerView(AudioSession& session) : mSession(session) {
+  UI_SetToolTip(moxcore::Utf8String(Text("$$$/playground/audio/rulerTip=Drag to scroll, wheel to zoom. "
+                                         "Right click for time or samples.")),
+                1000);
+}
+
+TimeRulerView::~TimeRulerView() = default;
+
 void TimeRulerView::UI_Draw(moxui::scriber::Scriber* scriber) const {
   RectT<float> const own = UI_GetLocalRectF(false);
   UI_ClipToSelf(scriber);
@@ -33,42 +46,92 @@ void TimeRulerView::UI_Draw(moxui::scriber::Scriber* scriber) const {
   }
   Viewport const& view = mSession.View();
   float const columnsPerPixel = static_cast<float>(view.Width()) / own.width;
-  for (RulerTick const& tick :
-       RulerTicks(view, rate, kRulerLabelDistance * static_cast<double>(columnsPerPixel))) {
-    float const x = std::floor(static_cast<float>(tick.column)) / columnsPerPixel;
+  RulerStyle const style{mSession.Settings().rulerUnit, static_cast<double>(columnsPerPixel)};
+  for (RulerTick const& tick : RulerTicks(view, rate, style)) {
+    float const x = static_cast<float>(std::floor(tick.column)) / columnsPerPixel;
     bool const labelled = !tick.label.empty();
     float const height = labelled ? own.height : kTickHeight;
     moxui::utils::DrawRect(scriber, {x, own.height - height, 1.0f / columnsPerPixel, height},
                            ThemeColor(labelled ? ThemeColorID::kGray5 : ThemeColorID::kGray4));
     moxcore::Utf16String const label = To16(tick.label);
+    float const width = labelled ? LabelWidth(label, moxui::ui::FontIndex::kSmall) : 0.0f;
     // A time that the edge would cut reads as another time.
-    if (labelled && x + kLabelInset + LabelWidth(label, moxui::ui::FontIndex::kSmall) <= own.width) {
-      DrawLabel(scriber, label,
-                {x + kLabelInset, 0.0f, static_cast<float>(kRulerLabelDistance), own.height - kTickHeight},
+    if (labelled && x + kLabelInset + width <= own.width) {
+      DrawLabel(scriber, label, {x + kLabelInset, 0.0f, width + 1.0f, own.height - kTickHeight},
                 moxui::scriber::TextAlignment::kLeft, moxui::ui::FontIndex::kSmall,
                 ThemeColor(ThemeColorID::kGray7));
     }
   }
 }
 
+bool TimeRulerView::UI_DoPointerEvent(moxui::ui::UI_Node* node, moxui::ui::PointerEvent const& event) {
+  return HandleWaveformWheel(mSession, event, GetViewScaleFactor()) ||
+         UI_Node::UI_DoPointerEvent(node, event);
+}
+
+void TimeRulerView::OpenMenu(moxui::PointT<float> point) {
+  constexpr int kTime = 1;
+  constexpr int kSamples = 2;
+  auto const menu = moxui::ui::CreateOSMenu();
+  menu->AddItem(kTime, Text16("$$$/playground/audio/rulerUnit/time=Time"));
+  menu->AddItem(kSamples, Text16("$$$/playground/audio/rulerUnit/samples=Samples"));
+  menu->CheckItem(mSession.Settings().rulerUnit == RulerUnit::kSamples ? kSamples : kTime, true);
+  moxcore::utility::IntrusivePtr<TimeRulerView> const alive(this);  // anything may happen while it is open
+  if (int const id = UI_DoContextMenu(menu.Get(), this, point); id != 0) {
+    mSession.ChangeSettings([id](WaveformSettings& settings) {
+      settings.rulerUnit = id == kSamples ? RulerUnit::kSamples : RulerUnit::kTime;
+    });
+  }
+}
+
 bool TimeRulerView::UI_DoMouseEvent(moxui::ui::UI_Node*, moxui::ui::MouseEvent const& event) {
   float const x = event.GetPosition().x;
-  if (event.IsAction(PointerAction::kPress) && !event.IsButton(moxui::ui::MouseButton::kRight)) {
-    mIsDragged = true;
+  if (event.IsAction(PointerAction::kPress) && event.IsButton(moxui::ui::MouseButton::kRight)) {
+    OpenMenu(event.GetPosition());
+    return true;
+  }
+  if (event.IsAction(PointerAction::kPress)) {
+    mDrag = std::make_unique<ViewDrag>(mSession);
     mDragX = x;
     return true;
   }
-  if (event.IsAction(PointerAction::kMove) && mIsDragged) {
+  if (event.IsAction(PointerAction::kMove) && mDrag) {
     double const columns = static_cast<double>(mDragX - x) * GetViewScaleFactor();
     mSession.ChangeView([columns](Viewport& view) { view.ScrollBy(columns); });
     mDragX = x;
     return true;
   }
   if (event.IsAction(PointerAction::kRelease) || event.IsAction(PointerAction::kCancel)) {
-    mIsDragged = false;
+    mDrag.reset();
     return true;
   }
   return false;
+}
+
+moxui::ui::AccessibleRole TimeRulerView::UI_GetAccessibleRole() const {
+  return moxui::ui::AccessibleRole::kStaticText;
+}
+
+moxcore::Utf8String TimeRulerView::UI_GetAccessibleName() const {
+  return moxcore::Utf8String(Text("$$$/playground/audio/rulerUnit=Ruler"));
+}
+
+moxcore::Utf8String TimeRulerView::UI_GetAccessibleValue() const {
+  double const rate = mSession.Current().SampleRate();
+  if (rate < 1.0) {
+    return {};
+  }
+  Viewport const& view = mSession.View();
+  double const end = std::min(view.Left() + view.VisibleSamples(), static_cast<double>(view.Frames()));
+  if (mSession.Settings().rulerUnit == RulerUnit::kSamples) {
+    return moxcore::Utf8String(Text("$$$/playground/audio/rulerSamples=Samples @0 to @1",
+                                    {std::to_string(static_cast<std::int64_t>(std::floor(view.Left()))),
+                                     std::to_string(static_cast<std::int64_t>(std::ceil(end)))}));
+  }
+  double const resolution = std::clamp(view.SamplesPerPixel() / rate, 1e-6, 1e-3);
+  return moxcore::Utf8String(
+      Text("$$$/playground/audio/overviewValue=@0 to @1",
+           {TimeText(view.Left() / rate, resolution), TimeText(end / rate, resolution)}));
 }
 
 }  // namespace playground

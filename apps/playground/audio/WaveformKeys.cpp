@@ -22,11 +22,11 @@ constexpr double kLevelZoom = 1.25;
 constexpr int kSelectColumns = 8;  // an arrow key moves the head of the selection this far
 
 void Scroll(AudioSession& session, double share) {
-  session.ChangeView([share](Viewport& view) { view.ScrollBy(share * view.Width()); });
+  session.ChangeView([share](Viewport& view) { view.ScrollBy(share * view.Width()); }, ViewStep::kScroll);
 }
 
 void ZoomTime(AudioSession& session, double factor) {
-  session.ChangeView([factor](Viewport& view) { view.ZoomAt(view.Width() / 2.0, factor); });
+  session.ChangeView([factor](Viewport& view) { view.ZoomAt(view.Width() / 2.0, factor); }, ViewStep::kZoom);
 }
 
 void ZoomLevel(AudioSession& session, double factor) {
@@ -37,23 +37,16 @@ void ZoomLevel(AudioSession& session, double factor) {
 
 void MoveHeadTo(AudioSession& session, double sample) {
   auto const head = static_cast<std::int64_t>(std::llround(sample));
-  session.ChangeSelection([head](SampleSelection& selection) { selection.ExtendTo(head); });
+  session.ChangeSelection([head](SampleSelection& selection) { selection.ExtendTo(head); },
+                          ViewStep::kSelect);
   auto const place = static_cast<double>(session.Selection().Head());
-  session.ChangeView([place](Viewport& view) { view.Reveal(place); });
+  session.ChangeView([place](Viewport& view) { view.Reveal(place); }, ViewStep::kSelect);
 }
 
 void MoveHeadBy(AudioSession& session, double columns) {
   // At least one sample, however far the view is zoomed in.
   double const step = std::max(std::abs(columns) * session.View().SamplesPerPixel(), 1.0);
   MoveHeadTo(session, static_cast<double>(session.Selection().Head()) + (columns < 0.0 ? -step : step));
-}
-
-void ShowSelection(AudioSession& session) {
-  SampleSelection const selection = session.Selection();
-  session.ChangeView([&selection](Viewport& view) {
-    view.Show(static_cast<double>(selection.Left()),
-              static_cast<double>(selection.Left() + selection.Width()));
-  });
 }
 
 bool HandleWithShift(AudioSession& session, KeyboardCode code) {
@@ -75,6 +68,9 @@ bool HandleWithShift(AudioSession& session, KeyboardCode code) {
       return true;
     case KeyboardCode::kEnd:
       MoveHeadTo(session, static_cast<double>(session.View().Frames()));
+      return true;
+    case KeyboardCode::kZ:
+      session.LeaveSelectionZoom();
       return true;
     default:
       return false;
@@ -111,7 +107,7 @@ bool HandlePlain(AudioSession& session, KeyboardCode code) {
       session.ChangeView([](Viewport& view) { view.ShowAll(); });
       return true;
     case KeyboardCode::kZ:
-      ShowSelection(session);
+      session.ToggleSelectionZoom();
       return true;
     case KeyboardCode::kEscape: {
       bool const hadSelection = !session.Selection().IsEmpty();

@@ -1,6 +1,5 @@
 #include "audio/WaveformSettings.h"
 
-#include "audio/TimeRuler.h"
 #include "audio/Viewport.h"
 
 #include <moxmediaui/WaveformDraw.h>
@@ -113,7 +112,7 @@ std::vector<std::int32_t> TimeGrid(WaveformSettings const& settings, Viewport co
     }
     return positions;
   }
-  for (RulerTick const& tick : RulerTicks(view, sampleRate, kRulerLabelDistance * scale)) {
+  for (RulerTick const& tick : RulerTicks(view, sampleRate, {settings.rulerUnit, scale})) {
     if (!tick.label.empty()) {
       positions.push_back(static_cast<std::int32_t>(std::floor(tick.column)));
     }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "audio/TimeRuler.h"
 #include "audio/WaveformPalette.h"
 
 #include <moxui/geometry/ColorRGBA.h>
@@ -44,6 +45,7 @@ struct WaveformSettings {
 
   bool centerlines = true;
   bool dividers = true;
+  RulerUnit rulerUnit = RulerUnit::kTime;
   bool timeGrid = true;
   int timeGridSpacing = 0;     // logical pixels between two lines; 0: at the ruler's labels
   int amplitudeDivisions = 0;  // lines between silence and full scale; 0: none

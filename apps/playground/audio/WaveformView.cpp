@@ -2,8 +2,10 @@
 
 #include "audio/AudioSession.h"
 #include "audio/TimeRuler.h"
+#include "audio/ViewDrag.h"
 #include "audio/WaveformFeed.h"
 #include "audio/WaveformKeys.h"
+#include "audio/WaveformWheel.h"
 #include "program/AppearanceState.h"
 #include "program/Localized.h"
 #include "shell/DevicePixels.h"
@@ -30,8 +32,6 @@ using moxui::ui::MouseButton;
 using moxui::ui::PointerAction;
 namespace ModKey = moxui::ui::ModKey;
 
-// A wheel that asks for this many pixels doubles or halves the zoom.
-constexpr double kWheelPixelsPerOctave = 120.0;
 // While a selection is drawn beyond an edge the view follows every so many milliseconds.
 constexpr int kScrollTimer = 1;
 constexpr float kScrollPeriod = 30.0f;
@@ -215,30 +215,8 @@ void WaveformView::UI_ScaleChanged(float scale) {
 }
 
 bool WaveformView::UI_DoPointerEvent(moxui::ui::UI_Node* node, moxui::ui::PointerEvent const& event) {
-  auto const* const wheel = moxui::ui::WheelEvent::GetWheelEventForPointerEvent(event);
-  if (wheel == nullptr) {
-    return UI_Node::UI_DoPointerEvent(node, event);
-  }
-  double const x = wheel->GetDistance().x;
-  double const y = wheel->GetDistance().y;
-  double const scale = GetViewScaleFactor();
-  if (event.GetModKey().Has(ModKey::kCommand)) {
-    mSession.ChangeSettings([y](WaveformSettings& settings) {
-      settings.zoom =
-          std::clamp(settings.zoom * std::exp2(y / kWheelPixelsPerOctave), kSmallestZoom, kLargestZoom);
-    });
-    return true;
-  }
-  if (event.GetModKey().Has(ModKey::kShift)) {
-    mSession.ChangeView([=](Viewport& view) { view.ScrollBy(-(x + y) * scale); });
-    return true;
-  }
-  double const column = ColumnAt(event.GetPosition().x);
-  mSession.ChangeView([=](Viewport& view) {
-    view.ZoomAt(column, std::exp2(y / kWheelPixelsPerOctave));
-    view.ScrollBy(-x * scale);
-  });
-  return true;
+  return HandleWaveformWheel(mSession, event, GetViewScaleFactor()) ||
+         UI_Node::UI_DoPointerEvent(node, event);
 }
 
 bool WaveformView::UI_DoMouseEvent(moxui::ui::UI_Node*, moxui::ui::MouseEvent const& event) {
@@ -278,8 +256,10 @@ void WaveformView::BeginDrag(moxui::ui::MouseEvent const& event) {
                        (event.IsButton(MouseButton::kLeft) && event.GetModKey().Has(ModKey::kOption));
   if (scrolls) {
     mDrag = Drag::kScroll;
+    mStep = std::make_unique<ViewDrag>(mSession);
   } else if (event.IsButton(MouseButton::kLeft) && mSession.HasSound()) {
     mDrag = Drag::kSelect;
+    mStep = std::make_unique<ViewDrag>(mSession);
     auto const sample = static_cast<std::int64_t>(std::llround(mSession.View().SampleAt(ColumnAt(mDragX))));
     bool const extends = event.GetModKey().Has(ModKey::kShift);
     mSession.ChangeSelection([=](SampleSelection& selection) {
@@ -312,6 +292,7 @@ void WaveformView::ContinueDrag(float x) {
 
 void WaveformView::EndDrag() {
   mDrag = Drag::kNone;
+  mStep.reset();
   UI_RemoveTimer(kScrollTimer);
 }
 

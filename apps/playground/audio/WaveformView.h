@@ -15,6 +15,7 @@ class WaveformData;
 namespace playground {
 
 class AudioSession;
+class ViewDrag;
 class Viewport;
 class WaveformFeed;
 
@@ -80,6 +81,7 @@ class WaveformView : public moxui::ui::UI_Node {
   mutable moxmediaui::WaveformDraw mDraw;
   std::unique_ptr<WaveformFeed> mFeed;
   Drag mDrag = Drag::kNone;
+  std::unique_ptr<ViewDrag> mStep;  // of the drag
   float mDragX = 0.0f;
   bool mSpaceIsDown = false;
   std::int64_t mCursor = 0;

@@ -88,6 +88,9 @@ int RunWithPlatform(CommandLine const& line, Settings settings, std::optional<st
   Module const module(application->GetDrawSupplier());
   ProgramState state;
   state.appearance = line.Over(settings.appearance);
+  state.audio.ChangeSettings([&settings](WaveformSettings& wave) {
+    wave.rulerUnit = settings.rulerCountsSamples ? RulerUnit::kSamples : RulerUnit::kTime;
+  });
   state.page = page.value_or(FindPageOrFirst(settings.page));
   state.audio.SetFailureFunction([](OpenFailure const& failure) { Complain(failure.Sentence()); });
   if (line.task != ProgramTask::kRender) {

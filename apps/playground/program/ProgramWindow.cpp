@@ -73,6 +73,7 @@ int RunWindow(Application& application, ProgramState& state, Settings settings, 
   }
   settings.page = AllPages()[state.page].name;
   settings.appearance = state.appearance;
+  settings.rulerCountsSamples = state.audio.Settings().rulerUnit == RulerUnit::kSamples;
   if (!quitsAfterFirstPaint) {
     SaveSettings(SettingsPath(), settings);
   }

@@ -52,6 +52,8 @@ void TakeLine(Settings& settings, std::string_view line) {
     appearance.rightToLeft = value == "yes";
   } else if (key == "scale") {
     appearance.scale = ScaleFromText(value).value_or(appearance.scale);
+  } else if (key == "ruler") {
+    settings.rulerCountsSamples = value == "samples";
   }
 }
 
@@ -85,6 +87,7 @@ std::string TextFromSettings(Settings const& settings) {
   add("scale", TextFromNumber(appearance.scale, 4));
   add("language", LanguageName(appearance.language));
   add("right-to-left", appearance.rightToLeft ? "yes" : "no");
+  add("ruler", settings.rulerCountsSamples ? "samples" : "time");
   return text;
 }
 

@@ -18,6 +18,7 @@ struct Settings {
   int windowHeight = 900;
   std::string page;  // empty: the first one
   Appearance appearance;
+  bool rulerCountsSamples = false;  // else times
 
   bool operator==(Settings const&) const = default;
 };

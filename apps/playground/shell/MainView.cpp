@@ -270,4 +270,8 @@ bool MainView::UI_DoPreKeyboardEvent(moxui::ui::UI_Node*, moxui::ui::KeyboardEve
   return false;
 }
 
+bool MainView::UI_DoKeyboardEvent(moxui::ui::UI_Node*, moxui::ui::KeyboardEvent const& event) {
+  return mPage->HandleShortcut(event);
+}
+
 }  // namespace playground

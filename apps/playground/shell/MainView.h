@@ -58,6 +58,7 @@ class MainView : public moxui::ui::UI_SubView {
   void UI_Draw(moxui::scriber::Scriber* scriber) const override;
   void UI_SizeChanged(moxui::RectT<float> const& rect) override;
   bool UI_DoPreKeyboardEvent(moxui::ui::UI_Node* node, moxui::ui::KeyboardEvent const& event) override;
+  bool UI_DoKeyboardEvent(moxui::ui::UI_Node* node, moxui::ui::KeyboardEvent const& event) override;
 
  private:
   void AcceptDrops();

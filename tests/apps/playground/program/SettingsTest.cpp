@@ -15,6 +15,7 @@ Settings Unusual() {
   settings.windowHeight = 777;
   settings.page = "popup";
   settings.appearance = {ThemeChoice::kLight, LookChoice::kClassic, LanguageChoice::kPseudo, true, 1.25};
+  settings.rulerCountsSamples = true;
   return settings;
 }
 

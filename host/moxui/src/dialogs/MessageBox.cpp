@@ -36,16 +36,14 @@ unsigned RunBox(platform::Application& application, MessageBoxContent const& con
 unsigned Messagebox(scriber::SupplierInterface const*, moxcore::Utf16String const& title,
                     moxcore::Utf16String const& text, unsigned buttons, unsigned defaultButton,
                     MessageIcon icon, WindowVariant const& window) {
-  if (auto* const responder = platform::GetModalResponder()) {
-    platform::ModalRequest request;
-    request.kind = platform::ModalKind::kMessageBox;
-    request.title = title;
-    request.text = text;
-    request.buttons = buttons;
-    request.defaultAnswer = static_cast<int>(defaultButton);
-    if (auto const answer = responder->Answer(request)) {
-      return static_cast<unsigned>(*answer);
-    }
+  platform::ModalRequest request;
+  request.kind = platform::ModalKind::kMessageBox;
+  request.title = title;
+  request.text = text;
+  request.buttons = buttons;
+  request.defaultAnswer = static_cast<int>(defaultButton);
+  if (auto const answer = platform::AskModalResponder(request)) {
+    return static_cast<unsigned>(*answer);
   }
   platform::Application* const application = platform::Application::Get();
   if (application == nullptr) {

@@ -4,7 +4,6 @@
 #include <moxui/platform/DragSource.h>
 #include <moxui/platform/FileDialogs.h>
 #include <moxui/platform/MenuPresenter.h>
-#include <moxui/platform/ModalResponder.h>
 #include <moxui/platform/PaintTarget.h>
 #include <moxui/platform/TextEditor.h>
 #include <moxui/platform/Window.h>
@@ -15,7 +14,6 @@ namespace moxui::platform {
 
 namespace {
 
-ModalResponder* gModalResponder = nullptr;
 DragSource* gDragSource = nullptr;
 
 }  // namespace
@@ -26,17 +24,9 @@ CursorControl::~CursorControl() = default;
 DragSource::~DragSource() = default;
 FileDialogs::~FileDialogs() = default;
 MenuPresenter::~MenuPresenter() = default;
-ModalResponder::~ModalResponder() = default;
 PaintTarget::~PaintTarget() = default;
 TextEditor::~TextEditor() = default;
 Window::~Window() = default;
-
-ModalResponder* SetModalResponder(ModalResponder* responder) {
-  return std::exchange(gModalResponder, responder);
-}
-ModalResponder* GetModalResponder() {
-  return gModalResponder;
-}
 
 DragSource* SetDragSource(DragSource* source) {
   return std::exchange(gDragSource, source);

@@ -187,16 +187,12 @@ QString FilterOf(platform::FileRequest const& request) {
 }
 
 std::optional<std::vector<moxcore::Utf8String>> AskResponder(platform::FileRequest const& request) {
-  auto* const responder = platform::GetModalResponder();
-  if (responder == nullptr) {
-    return std::nullopt;
-  }
   std::vector<moxcore::Utf8String> files;
   platform::ModalRequest modal;
   modal.kind = platform::ModalKind::kFileDialog;
   modal.title = request.title;
   modal.files = &files;
-  auto const answer = responder->Answer(modal);
+  auto const answer = platform::AskModalResponder(modal);
   if (!answer) {
     return std::nullopt;
   }

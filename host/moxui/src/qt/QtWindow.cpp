@@ -1,5 +1,6 @@
 #include "QtWindow.h"
 
+#include "../ui/ModalScope.h"
 #include "EventTranslation.h"
 #include "ImageConversion.h"
 #include "NodeInterface.h"
@@ -190,6 +191,7 @@ int QtWindow::RunModal(int closeAnswer) {
   mModalAnswer = closeAnswer;
   mModalCloseAnswer = closeAnswer;
   QtApplication::LoopScope const scope(mApplication, loop);
+  ui::ModalScope const modal(*mTree);
   mWidget->setWindowModality(Qt::ApplicationModal);
   mWidget->show();
   loop.exec();

@@ -34,13 +34,14 @@ int OS_Menu::Popup(PointT<float> globalPoint) {
   if (std::ranges::all_of(mItems, [](OS_MenuItem const& item) { return item.id == 0; })) {
     return 0;
   }
-  if (auto* const responder = platform::GetModalResponder()) {
-    platform::ModalRequest request;
-    request.kind = platform::ModalKind::kMenu;
-    request.menuItems = &mItems;
-    if (auto const answer = responder->Answer(request)) {
-      return *answer;
-    }
+  platform::ModalRequest request;
+  request.kind = platform::ModalKind::kMenu;
+  request.menuItems = &mItems;
+  request.position = globalPoint;
+  if (auto const answer = platform::AskModalResponder(request)) {
+    // Nobody can choose what isn't there or is disabled.
+    auto const item = std::ranges::find(mItems, *answer, &OS_MenuItem::id);
+    return item != mItems.end() && item->isEnabled ? *answer : 0;
   }
   auto* const application = platform::Application::Get();
   return application != nullptr ? application->GetMenus().Popup(mItems, globalPoint, mInitialItem) : 0;

@@ -83,6 +83,7 @@ void UI_NodeManager::AddTree(NodeTree& tree) {
 void UI_NodeManager::RemoveTree(NodeTree& tree) {
   std::erase(mTrees, &tree);
   std::erase(mHandling, &tree);
+  std::erase(mModal, &tree);
   TreeBecameActive(tree, false);
 }
 

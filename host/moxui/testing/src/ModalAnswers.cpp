@@ -1,5 +1,6 @@
 #include <moxui/testing/ModalAnswers.h>
 
+#include <algorithm>
 #include <utility>
 
 namespace moxui::testing {
@@ -18,11 +19,20 @@ void ModalAnswers::Expect(Function function) {
   mAnswers.push_back(std::move(function));
 }
 
+void ModalAnswers::ExpectItem(moxcore::Utf16String text) {
+  Expect([text = std::move(text)](platform::ModalRequest& request) {
+    auto const& items = *request.menuItems;
+    auto const item = std::ranges::find(items, text, &ui::OS_MenuItem::text);
+    return item != items.end() ? item->id : 0;
+  });
+}
+
 std::optional<int> ModalAnswers::Answer(platform::ModalRequest& request) {
   ModalRecord record;
   record.kind = request.kind;
   record.title = request.title;
   record.text = request.text;
+  record.position = request.position;
   record.answer = mDefault;
   if (request.menuItems != nullptr) {
     record.menuItems = *request.menuItems;

@@ -1,12 +1,16 @@
+#include "LoggingNode.h"
+
 #include <moxui/dialogs/MessageBox.h>
 #include <moxui/platform/Application.h>
 #include <moxui/skins/LayoutDirection.h>
 #include <moxui/testing/ModalAnswers.h>
+#include <moxui/testing/Stage.h>
 #include <moxui/ui/KeyboardEvent.h>
 #include <moxui/ui/NodeTree.h>
 #include <moxui/ui/UI_Container.h>
 #include <moxui/ui/UI_NodeManager.h>
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <functional>
@@ -44,6 +48,44 @@ TEST(MessageBox, IsAnsweredByATestWithWhatItAsks) {
   ASSERT_EQ(answers.GetRecords().size(), 1u);
   EXPECT_EQ(answers.GetRecords()[0].title, u"Presets");
   EXPECT_EQ(answers.GetRecords()[0].text, u"Delete the preset 'Mine'?");
+}
+
+TEST(MessageBox, TakesFocusAndCaptureAwayWhileATestAnswersToo) {
+  Log log;
+  testing::Stage stage;
+  auto const node = AddNode(stage.GetRootView(), log, "node", {0, 0, 50, 50});
+  auto const field = AddNode(stage.GetRootView(), log, "field", {50, 0, 50, 50});
+  stage.Press({5, 5});
+  node->UI_SetCapture();
+  field->UI_GainKeyboardFocus(ui::FocusChangeReason::kByCode);
+  log.clear();
+  ModalAnswers answers;
+  answers.Expect([&](platform::ModalRequest&) {
+    EXPECT_THAT(log, ::testing::ElementsAre("node focus5", "field focus5"));
+    EXPECT_EQ(stage.GetTree().GetCapture(), nullptr);
+    EXPECT_FALSE(stage.GetTree().IsActive());
+    log.clear();
+    stage.ForgetButtons();
+    return 16;
+  });
+  EXPECT_EQ(Ask(kYesNo, DialogButton::kYes), 16U);
+  EXPECT_TRUE(stage.GetTree().IsActive());
+  // The button was let go over the box.
+  EXPECT_THAT(log, ::testing::ElementsAre("field focus3", "node release"));
+}
+
+TEST(MessageBox, IsOnTopOfAllWhileItIsOpen) {
+  ui::NodeTree const* top = nullptr;
+  ui::NodeTree const* box = nullptr;
+  OnceOpen([&](ui::NodeTree& tree) {
+    box = &tree;
+    top = ui::UI_NodeManager::Get(false)->GetModalTree();
+    PressKey(tree, KeyboardCode::kEscape);
+  });
+  Ask(kYesNo, DialogButton::kYes);
+  EXPECT_NE(top, nullptr);
+  EXPECT_EQ(top, box);
+  EXPECT_EQ(ui::UI_NodeManager::Get(false)->GetModalTree(), nullptr);
 }
 
 TEST(MessageBox, EnterMeansTheDefaultButton) {

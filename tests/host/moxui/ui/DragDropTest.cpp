@@ -171,6 +171,51 @@ TEST(Menu, GivesTheChosenItemsId) {
   EXPECT_TRUE(items[2].isChecked);
 }
 
+class OpenedMenu : public ::testing::Test {
+ protected:
+  OpenedMenu() {
+    menu->AddItem(1, u"Drop-Frame");
+    menu->AddItem(2, u"Non-Drop-Frame");
+    menu->EnableItem(1, false);
+  }
+  int Open() { return stage.GetRoot()->UI_DoContextMenu(menu.Get(), stage.GetRoot(), {5, 6}); }
+
+  Log log;
+  testing::Stage stage;
+  testing::ModalAnswers answers;
+  moxcore::utility::IntrusivePtr<ui::OS_Menu> menu = ui::CreateOSMenu();
+};
+
+TEST_F(OpenedMenu, IsAnsweredByTheTextOfAnItem) {
+  answers.ExpectItem(u"Non-Drop-Frame");
+  answers.ExpectItem(u"Frames");
+  EXPECT_EQ(Open(), 2);
+  EXPECT_EQ(Open(), 0);
+}
+
+TEST_F(OpenedMenu, ChoosesNothingThatIsDisabledOrNotThere) {
+  answers.Expect(1);
+  answers.Expect(7);
+  EXPECT_EQ(Open(), 0);
+  EXPECT_EQ(Open(), 0);
+}
+
+TEST_F(OpenedMenu, OpensAtItsPointOnTheDesktop) {
+  stage.SetOrigin({100, 50});
+  Open();
+  EXPECT_EQ(answers.GetRecords().at(0).position, PointT<float>(105, 56));
+}
+
+TEST_F(OpenedMenu, LeavesItsWindowActive) {
+  auto const node = AddNode(stage.GetRootView(), log, "node", {0, 0, 50, 50});
+  node->UI_GainKeyboardFocus(ui::FocusChangeReason::kByCode);
+  node->UI_SetCapture();
+  log.clear();
+  Open();
+  EXPECT_THAT(log, IsEmpty());
+  EXPECT_NE(stage.GetTree().GetCapture(), nullptr);
+}
+
 TEST(Menu, AnEmptyOneChoosesNothingAtOnce) {
   testing::Stage stage;
   testing::ModalAnswers answers;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <moxcore/string/String.h>
+#include <moxui/geometry/PointT.h>
 #include <moxui/ui/OS_Menu.h>
 
 #include <optional>
@@ -23,6 +24,7 @@ struct ModalRequest {
   int defaultAnswer = 0;
   ui::UI_Node* content = nullptr;                           ///< of a dialog: its root node, to be driven
   std::vector<ui::OS_MenuItem> const* menuItems = nullptr;  ///< of a menu
+  PointT<float> position{};                                 ///< of a menu: its place on the desktop
   moxcore::Utf16String* editedText = nullptr;               ///< of an input box: may be changed
   std::vector<moxcore::Utf8String>* files = nullptr;        ///< of a file dialog: to be filled
 };
@@ -38,5 +40,9 @@ class ModalResponder {
 /// Null (as at first) for none; it stays its owner's. Gives the one before.
 ModalResponder* SetModalResponder(ModalResponder* responder);
 ModalResponder* GetModalResponder();
+
+/// For whoever is about to open a box: what the responder answers, or nothing, which has the box open. While
+/// it answers for anything but a menu, every tree is as under a modal window: not active, its capture lost.
+std::optional<int> AskModalResponder(ModalRequest& request);
 
 }  // namespace moxui::platform

@@ -39,12 +39,17 @@ class UI_NodeManager {
   /// The tree whose event is being handled, else the active one, else the newest; null without any.
   NodeTree* GetCurrentTree() const;
   std::vector<NodeTree*> const& GetTrees() const { return mTrees; }
+  /// Null while no window of the program is the active one.
+  NodeTree* GetActiveTree() const { return mActive; }
+  /// The tree of the topmost modal window; null while none is open.
+  NodeTree* GetModalTree() const { return mModal.empty() ? nullptr : mModal.back(); }
   /// Calls UI_SkinSetUpdated on every node of every tree, and repaints all.
   void SkinSetUpdated();
 
  private:
   friend class NodeTree;
   friend class DispatchScope;
+  friend class ModalScope;
 
   UI_NodeManager() = default;
   void AddTree(NodeTree& tree);
@@ -53,6 +58,7 @@ class UI_NodeManager {
 
   std::vector<NodeTree*> mTrees;
   std::vector<NodeTree*> mHandling;
+  std::vector<NodeTree*> mModal;
   NodeTree* mActive = nullptr;
   scriber::SupplierInterface const* mSupplier = nullptr;
   utility::ImageProvider* mImageProvider = nullptr;

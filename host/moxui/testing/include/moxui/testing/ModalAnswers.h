@@ -14,6 +14,7 @@ struct ModalRecord {
   moxcore::Utf16String title{};
   moxcore::Utf16String text{};
   std::vector<ui::OS_MenuItem> menuItems{};
+  PointT<float> position{};  ///< of a menu
   int answer = 0;
 };
 
@@ -30,6 +31,8 @@ class ModalAnswers : public platform::ModalResponder {
   void Expect(int answer);
   /// Drives the box (a dialog's content, an input box's text) and gives its answer.
   void Expect(Function function);
+  /// Chooses the item of a menu by its text; none, as a hand would, if there is none of that text.
+  void ExpectItem(moxcore::Utf16String text);
   void SetDefault(int answer) { mDefault = answer; }
   std::vector<ModalRecord> const& GetRecords() const { return mRecords; }
   bool AllUsed() const { return mAnswers.empty(); }

@@ -10,14 +10,14 @@ namespace moxui::passes {
 
 namespace {
 
-ui::ClickRecord& RecordOf(ui::PointerState& pointer, ui::MouseButton button) {
+std::size_t IndexOf(ui::MouseButton button) {
   switch (button) {
     case ui::MouseButton::kRight:
-      return pointer.clicks[1];
+      return 1;
     case ui::MouseButton::kMiddle:
-      return pointer.clicks[2];
+      return 2;
     default:
-      return pointer.clicks[0];
+      return 0;
   }
 }
 
@@ -28,7 +28,7 @@ bool IsNear(PointT<float> a, PointT<float> b, float distance) {
 int CountPress(ui::TreeState& state, ui::PointerInput const& input) {
   auto const limits = state.host.GetClickLimits();
   double const now = state.host.GetTime();
-  auto& record = RecordOf(state.pointer, input.button);
+  auto& record = state.pointer.clicks.at(IndexOf(input.button));
   bool const goesOn = record.count > 0 && state.pointer.lastPressed == input.button && !record.hasLeft &&
                       now - record.time <= limits.milliseconds &&
                       IsNear(record.position, input.position, limits.distance);
@@ -38,6 +38,10 @@ int CountPress(ui::TreeState& state, ui::PointerInput const& input) {
 }
 
 }  // namespace
+
+PointT<float> GetPressPosition(ui::PointerState const& pointer) {
+  return pointer.clicks.at(IndexOf(pointer.lastPressed)).position;
+}
 
 ui::MouseButton HeldButton(ui::MouseButtons buttons) {
   for (auto const button : {ui::MouseButton::kLeft, ui::MouseButton::kRight, ui::MouseButton::kMiddle}) {
@@ -64,7 +68,7 @@ int NotePointerInput(ui::TreeState& state, ui::PointerInput const& input) {
       return CountPress(state, input);
     case ui::PointerAction::kRelease: {
       pointer.buttons.Set(static_cast<unsigned char>(input.button), false);
-      auto const& record = RecordOf(pointer, input.button);
+      auto const& record = pointer.clicks.at(IndexOf(input.button));
       return record.hasLeft ? 0 : record.count;
     }
     default:

@@ -4,6 +4,7 @@
 
 namespace moxui::ui {
 struct PointerInput;
+struct PointerState;
 struct TreeState;
 }  // namespace moxui::ui
 
@@ -13,5 +14,7 @@ namespace moxui::passes {
 ui::MouseButton HeldButton(ui::MouseButtons buttons);
 /// Takes a pointer input into the state: place, buttons, clicks. Gives the event's click count.
 int NotePointerInput(ui::TreeState& state, ui::PointerInput const& input);
+/// Where the last press was, in the tree's coordinates.
+PointT<float> GetPressPosition(ui::PointerState const& pointer);
 
 }  // namespace moxui::passes

@@ -16,6 +16,7 @@
 #include <QApplication>
 #include <QCursor>
 #include <QPainter>
+#include <QScreen>
 #include <QStyleHints>
 #include <QToolTip>
 #include <algorithm>
@@ -283,6 +284,13 @@ PointT<float> QtWindow::GetPointerPosition() const {
 }
 void QtWindow::SetPointerPosition(PointT<float> position) {
   mApplication.GetCursor().SetPosition(position);
+}
+RectT<float> QtWindow::GetPointerBounds() const {
+  QScreen const* screen = QGuiApplication::screenAt(QCursor::pos());
+  screen = screen != nullptr ? screen : mWidget->screen();
+  QRectF const bounds = screen != nullptr ? QRectF(screen->geometry()) : QRectF();
+  return {static_cast<float>(bounds.x()), static_cast<float>(bounds.y()), static_cast<float>(bounds.width()),
+          static_cast<float>(bounds.height())};
 }
 ui::ModKeys QtWindow::GetModKeys() const {
   return ToModKeys(QGuiApplication::keyboardModifiers());

@@ -65,6 +65,7 @@ class QtWindow final : public platform::Window, public ui::NodeTreeHost {
   float GetScale() const override;
   PointT<float> GetPointerPosition() const override;
   void SetPointerPosition(PointT<float> position) override;
+  RectT<float> GetPointerBounds() const override;
   ui::ModKeys GetModKeys() const override;
   ui::MouseButtons GetMouseButtons() const override;
   ui::ClickLimits GetClickLimits() const override;

@@ -1,6 +1,8 @@
 #include <moxui/platform/Application.h>
 #include <moxui/resources/ResourceManager.h>
 #include <moxui/skins/Look.h>
+#include <moxui/ui/NodeTree.h>
+#include <moxui/ui/UI_NodeManager.h>
 
 #include <algorithm>
 #include <string>
@@ -21,6 +23,18 @@ bool IsArchive(ResourceType type) {
 platform::CursorControl* FindCursorControl() {
   platform::Application* const application = platform::Application::Get();
   return application != nullptr ? &application->GetCursor() : nullptr;
+}
+
+/// A pointer that was dragged hidden comes back where it was pressed, not where the drag has taken it.
+void ReturnPointers() {
+  ui::UI_NodeManager const* const manager = ui::UI_NodeManager::Get(false);
+  if (manager == nullptr) {
+    return;
+  }
+  auto const trees = manager->GetTrees();
+  for (ui::NodeTree* const tree : trees) {
+    tree->ReturnPointer();
+  }
 }
 
 }  // namespace
@@ -71,6 +85,9 @@ void OS_ResourceManager::DisplayCursor(platform::CursorID cursor, platform::Curs
 void OS_ResourceManager::ShowPlatformCursor(bool show, bool immediately, bool counted) {
   if (platform::CursorControl* const control = FindCursorControl()) {
     control->ShowPlatformCursor(show, immediately, counted);
+    if (control->IsCursorShown()) {
+      ReturnPointers();
+    }
   }
 }
 

@@ -46,12 +46,12 @@ PointT<float> GetGlobalMousePosition() {
     float const zoom = host->GetZoom();
     return PointT<float>(held->position.x * zoom, held->position.y * zoom) + host->GetOrigin();
   }
-  return host->GetPointerPosition();
+  return CurrentTree()->GetPointerPlace();
 }
 
 void SetGlobalMousePosition(int x, int y) {
-  if (NodeTreeHost* const host = CurrentHost()) {
-    host->SetPointerPosition({static_cast<float>(x), static_cast<float>(y)});
+  if (NodeTree* const tree = CurrentTree()) {
+    tree->PlacePointer({static_cast<float>(x), static_cast<float>(y)});
   }
 }
 

@@ -8,6 +8,7 @@
 #include "../passes/Invalidate.h"
 #include "../passes/Layout.h"
 #include "../passes/Paint.h"
+#include "../passes/PointerPlace.h"
 #include "../passes/ToolTip.h"
 #include "DispatchScope.h"
 #include "TreeState.h"
@@ -88,7 +89,25 @@ NodeTreeHost& NodeTree::GetHost() const {
 }
 
 bool NodeTree::HandlePointer(PointerInput const& input) {
-  return passes::DispatchPointer(*mState, input);
+  PointerInput followed = input;
+  followed.position = passes::FollowPointer(*mState, input);
+  bool const isStill = input.action == PointerAction::kMove && followed.position == mState->pointer.position;
+  if (isStill && mState->pointer.motion.HasWarped()) {
+    return true;  // the way back to the middle of the screen is no motion
+  }
+  bool const taken = passes::DispatchPointer(*mState, followed);
+  passes::KeepPointerInside(*mState, input);
+  return taken;
+}
+
+PointT<float> NodeTree::GetPointerPlace() const {
+  return passes::GetPointerPlace(*mState);
+}
+void NodeTree::PlacePointer(PointT<float> place) {
+  passes::PlacePointer(*mState, place);
+}
+void NodeTree::ReturnPointer() {
+  passes::ReturnPointer(*mState);
 }
 bool NodeTree::HandleKey(KeyboardEvent const& event) {
   return passes::DispatchKey(*mState, event);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "EndlessMotion.h"
+
 #include <moxcore/utility/RefCountedWeakPtr.h>
 #include <moxui/ui/NodeTree.h>
 #include <moxui/ui/UI_DragDropHandler.h>
@@ -26,6 +28,7 @@ struct ClickRecord {
 
 struct PointerState {
   PointT<float> position;
+  EndlessMotion motion;  ///< what makes the position another one than the platform's
   bool isInside = false;
   MouseButtons buttons;
   ModKeys modKeys;

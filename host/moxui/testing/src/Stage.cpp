@@ -138,6 +138,21 @@ bool Stage::Wheel(PointT<float> point, PointT<float> distance) {
   return Send(ui::PointerAction::kWheel, point, ui::MouseButton::kNone, distance);
 }
 
+bool Stage::MoveBy(PointT<float> distance) {
+  PointT<float> place = mPointer + distance;
+  if (mScreen.width > 0 && mScreen.height > 0) {
+    PointT<float> const corner = mScreen.TopLeft() - mOrigin;
+    place.x = std::clamp(place.x, corner.x, corner.x + mScreen.width - 1);
+    place.y = std::clamp(place.y, corner.y, corner.y + mScreen.height - 1);
+  }
+  // At the edge the platform has nothing more to tell.
+  return place != mPointer && Move(place);
+}
+
+bool Stage::ReleaseHere(ui::MouseButton button) {
+  return Send(ui::PointerAction::kRelease, mPointer, button);
+}
+
 void Stage::Leave() {
   mTree->HandlePointerLeft();
 }
@@ -202,7 +217,9 @@ void Stage::AdvanceTime(double milliseconds) {
 }
 
 void Stage::SetPointerPosition(PointT<float> position) {
-  Move(position - mOrigin);
+  if (mCanPlacePointer) {
+    Move(position - mOrigin);
+  }
 }
 
 void Stage::RequestFrame() {

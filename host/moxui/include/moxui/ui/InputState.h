@@ -6,7 +6,7 @@
 
 namespace moxui::ui {
 
-/// The pointer in the desktop's logical coordinates.
+/// The pointer in the desktop's logical coordinates; where events tell it to be, while it is dragged hidden.
 PointT<float> GetGlobalMousePosition();
 /// Puts the pointer somewhere else; a move may follow. Does nothing where the platform can't.
 void SetGlobalMousePosition(int x, int y);

@@ -19,7 +19,8 @@ class OS_ReceiveData;
 class UI_TimerManager;
 struct TreeState;
 
-/// Pointer input as a window hears it, in the tree's coordinates.
+/// Pointer input as a window hears it, in the tree's coordinates. While a button of the mouse is held and the
+/// pointer is hidden, its place as events tell it goes on beyond the edges of the screen.
 struct PointerInput {
   PointerAction action = PointerAction::kMove;  ///< press, release, move or wheel
   PointT<float> position{};
@@ -69,6 +70,13 @@ class NodeTree {
   void CheckSwallowedRelease();
 
   // Pointer
+  /// Its place on the desktop, as events tell it.
+  PointT<float> GetPointerPlace() const;
+  /// Puts it to a place of the desktop; a move may follow. Does nothing where the platform can't.
+  void PlacePointer(PointT<float> place);
+  /// The pointer is shown after it was hidden: puts it back to where it was pressed, if the host moved it
+  /// meanwhile.
+  void ReturnPointer();
   /// The deepest node under a point, children that reach outside their parents included; null for none.
   UI_Node* FindNode(PointT<float> position) const;
   moxcore::utility::IntrusivePtr<UI_Node> GetHoveredNode() const;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <moxui/geometry/PointT.h>
+#include <moxui/geometry/RectT.h>
 #include <moxui/ui/AccessibleState.h>
 #include <moxui/ui/MouseEvent.h>
 
@@ -36,8 +37,13 @@ class NodeTreeHost {
   virtual float GetZoom() const { return 1; }
   virtual float GetScale() const { return 1; }
 
+  /// The pointer on the desktop.
   virtual PointT<float> GetPointerPosition() const = 0;
+  /// A move may follow, at once or later. Does nothing where the platform can't.
   virtual void SetPointerPosition(PointT<float>) {}
+  /// The part of the desktop that the pointer can't leave by a motion of the hand, the one it is in; empty
+  /// where there is no such bound, or none is known.
+  virtual RectT<float> GetPointerBounds() const { return {}; }
   virtual ModKeys GetModKeys() const = 0;
   virtual MouseButtons GetMouseButtons() const = 0;
   virtual ClickLimits GetClickLimits() const { return {}; }

@@ -48,6 +48,10 @@ class Stage : public ui::NodeTreeHost {
             ui::MouseButton button = ui::MouseButton::kLeft);
   bool Wheel(PointT<float> point, PointT<float> distance);
   void Leave();
+  /// The hand goes so far from where the pointer is; the pointer stops at the screen's edge.
+  bool MoveBy(PointT<float> distance);
+  /// Where the pointer is.
+  bool ReleaseHere(ui::MouseButton button = ui::MouseButton::kLeft);
   /// As after a loop of the platform that swallowed the releases: no button is down any more.
   void ForgetButtons() { mButtons = {}; }
   /// The middle of a node, in the tree's coordinates.
@@ -70,6 +74,10 @@ class Stage : public ui::NodeTreeHost {
   void Activate() { mTree->SetActive(true); }
   void SetScale(float scale);
   void SetOrigin(PointT<float> origin) { mOrigin = origin; }
+  /// The part of the desktop that the pointer is in, with edges that stop it; none at first.
+  void SetScreen(RectT<float> const& screen) { mScreen = screen; }
+  /// Whether the program can put the pointer elsewhere; at first it can.
+  void SetCanPlacePointer(bool can) { mCanPlacePointer = can; }
 
   /// Lets time pass: timers and tool tips fire in order, at their times. Advances moxcore's clock too.
   void AdvanceTime(double milliseconds);
@@ -97,6 +105,7 @@ class Stage : public ui::NodeTreeHost {
   float GetScale() const override { return mScale; }
   PointT<float> GetPointerPosition() const override { return mPointer + mOrigin; }
   void SetPointerPosition(PointT<float> position) override;
+  RectT<float> GetPointerBounds() const override { return mScreen; }
   ui::ModKeys GetModKeys() const override { return mModKeys; }
   ui::MouseButtons GetMouseButtons() const override { return mButtons; }
   void ResetCursor() override { ++mCursorResetCount; }
@@ -111,6 +120,8 @@ class Stage : public ui::NodeTreeHost {
   double mWakeUp = -1;
   float mScale = 1;
   PointT<float> mOrigin;
+  RectT<float> mScreen;
+  bool mCanPlacePointer = true;
   PointT<float> mPointer;
   ui::ModKeys mModKeys;
   ui::MouseButtons mButtons;

@@ -1,4 +1,5 @@
 #include <moxcore/config/InitializerRegistrar.h>
+#include <moxcore/messaging/Station.h>
 #include <moxmediaui/Module.h>
 
 #include <gmock/gmock.h>
@@ -36,6 +37,38 @@ TEST(StartUpSteps, AreThoseOfTheTimecodeControlAndOfThePlayground) {
   }
   EXPECT_THAT(steps,
               ElementsAre(Pair("moxmediaui::timecodecontrol", 4u), Pair("moxmediaui::uiplayground", 2u)));
+}
+
+// The two stations that every part of a program finds without a word to another.
+class GlobalStations : public ::testing::Test {
+ protected:
+  GlobalStations() {
+    int unused = 0;
+    moxmediaui::utility::GetUpdateRange(0, 0, 0, 0, unused, unused);  // the library is linked
+  }
+  ~GlobalStations() override { moxcore::config::TerminateInitializers(); }
+
+  static std::vector<bool> AreOpen() {
+    std::vector<bool> open;
+    for (auto const* const name :
+         {"moxmediaui.timecodeControl.timedisplay.changed.station.global", "moxmediaui.rc.station"}) {
+      open.push_back(moxcore::messaging::IsStationRegistered(moxcore::ImmutableString::Create(name)));
+    }
+    return open;
+  }
+};
+
+TEST_F(GlobalStations, AreOpenFromTheStartOfAnApplicationToItsEnd) {
+  EXPECT_THAT(AreOpen(), ElementsAre(false, false));
+  moxcore::config::RunInitializers(moxcore::config::kApplicationContext);
+  EXPECT_THAT(AreOpen(), ElementsAre(true, true));
+  moxcore::config::TerminateInitializers(moxcore::config::kApplicationContext);
+  EXPECT_THAT(AreOpen(), ElementsAre(false, false));
+}
+
+TEST_F(GlobalStations, AreNoMatterOfThePlaygroundsStep) {
+  moxcore::config::RunInitializers(moxcore::config::kPlaygroundContext);
+  EXPECT_THAT(AreOpen(), ElementsAre(false, false));
 }
 
 }  // namespace

@@ -3,6 +3,8 @@
 
 #include <moxcore/config/Localizer.h>
 #include <moxcore/messaging/BindMessageFunction.h>
+#include <moxcore/messaging/MessageBase.h>
+#include <moxcore/messaging/Station.h>
 #include <moxcore/string/Encoding.h>
 #include <moxcore/string/ImmutableString.h>
 #include <moxcore/utility/MemoryRecycler.h>
@@ -34,6 +36,21 @@ class Node : public utility::RefCountedObjectWithWeakPtr {
   messaging::Message* mLast = nullptr;
 };
 class PlainMessage : public messaging::Message {};
+
+struct MessageNameForTick {};
+using Tick = messaging::MessageBase<MessageNameForTick, std::int64_t>;
+
+class Follower : public messaging::Listener, public utility::RefCountedObjectWithWeakPtr {
+ public:
+  void ListenToMessage(messaging::Message const& message) override {
+    if (auto const* const tick = Tick::Find(message)) {
+      mTime = tick->Get<0>();
+    }
+  }
+
+ private:
+  std::int64_t mTime = 0;
+};
 
 template <class Work>
 auto Repeated(Work work) {
@@ -77,6 +94,26 @@ void CompareReferences(bench::Figures& figures) {
                 .work = Repeated([&] { (*function)(&message); }),
                 .unit = "ns",
                 .runs = kRuns});
+}
+
+void TimeStations(bench::Figures& figures) {
+  auto const station = messaging::UniqueStationID();
+  std::vector<utility::IntrusivePtr<Follower>> followers(1000);
+  for (auto& follower : followers) {
+    follower = utility::MakeIntrusive<Follower>();
+  }
+  messaging::AddWeakPtrListener(station, followers[0], followers[0].Get());
+  figures.Time({.name = "broadcast_to_a_listener",
+                .work = Repeated([&] { messaging::BroadcastMessageOnMainThread(station, Tick(1)); }),
+                .unit = "ns",
+                .runs = kRuns});
+  for (auto const& follower : followers) {
+    messaging::AddWeakPtrListener(station, follower, follower.Get());
+  }
+  figures.Time({.name = "broadcast_to_1000_listeners",
+                .work = [&] { messaging::BroadcastMessageOnMainThread(station, Tick(1)); },
+                .unit = "us"});
+  messaging::DisposeStation(station);
 }
 
 void CompareMemory(bench::Figures& figures) {
@@ -139,6 +176,7 @@ void CompareTexts(bench::Figures& figures) {
 int main(int argc, char** argv) {
   bench::Figures figures(argc, argv);
   CompareReferences(figures);
+  TimeStations(figures);
   CompareMemory(figures);
   CompareTexts(figures);
   return figures.Result();

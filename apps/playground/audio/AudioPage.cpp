@@ -9,6 +9,8 @@
 #include "audio/PeakProgress.h"
 #include "audio/PropertyPanel.h"
 #include "audio/TimeRulerView.h"
+#include "audio/TransportBar.h"
+#include "audio/TransportKeys.h"
 #include "audio/ViewDrag.h"
 #include "audio/WaveformView.h"
 #include "program/AppearanceState.h"
@@ -56,7 +58,8 @@ float OnGrid(float value) {
 
 }  // namespace
 
-AudioPage::AudioPage(PageContext const& context) : mSession(context.audio), mLog(context.log) {
+AudioPage::AudioPage(PageContext const& context)
+    : mSession(context.audio), mTransport(context.transport), mLog(context.log) {
   std::string const soundsName = Text("$$$/playground/audio/sounds=Sound");
   mSounds = MakeIntrusive<Named<UI_Popup>>(soundsName);
   mSounds->SetItemCheckStyle(moxui::controls::ItemCheckStyle::kCurrent);
@@ -75,19 +78,22 @@ AudioPage::AudioPage(PageContext const& context) : mSession(context.audio), mLog
   mRuler = MakeIntrusive<TimeRulerView>(mSession);
   mWaveform = MakeIntrusive<WaveformView>(mSession);
   mOverview = MakeIntrusive<OverviewBar>(mSession);
+  mPlayback = MakeIntrusive<TransportBar>(mSession, mTransport);
   mReadOut = MakeIntrusive<UI_StaticText>();
   mReadOut->SetAlignment(Leading());
-  mHint = MakeIntrusive<UI_StaticText>(
-      Text16("$$$/playground/audio/hint=Drag to select, Shift extends. Wheel to zoom, Shift+wheel or middle "
-             "drag to scroll. Space or Alt+drag scrolls too."));
+  mHint = MakeIntrusive<UI_StaticText>(Text16(
+      "$$$/playground/audio/hint=Space plays. Drag to select, Shift extends. Wheel to zoom, Shift+wheel "
+      "or middle drag to scroll. Space or Alt+drag scrolls too."));
   mHint->SetFontIndex(FontIndex::kSmall);
   mHint->SetAlignment(Leading());
   mHint->SetTextTruncation(moxui::controls::TextTruncation::kEnd);
   mHint->UI_SetToolTip(moxcore::Utf8String(Text(
-                           "$$$/playground/audio/keys=Arrows scroll, up and down change the level\\nPlus and "
-                           "minus zoom, F shows all, Z the selection and again what was before\\nShift and "
-                           "arrows select, Escape selects nothing\\nCtrl+Z undoes, Ctrl+Shift+Z or Ctrl+Y "
-                           "redoes\\n1 to 9 switch channels off and on")),
+                           "$$$/playground/audio/keys=Space plays and pauses, J, K and L shuttle, R loops\\n"
+                           "Left and right move the cursor, Ctrl farther, Shift selects\\nHome and End go "
+                           "to the ends, pages scroll, up and down change the level\\nPlus and minus zoom, F "
+                           "shows all, Z the selection and again what was before\\nEscape stops, then "
+                           "selects nothing\\nCtrl+Z undoes, Ctrl+Shift+Z or Ctrl+Y redoes\\n1 to 9 switch "
+                           "channels off and on")),
                        400);
   mProgress = MakeIntrusive<PeakProgress>(mSession);
   mPanel = MakeIntrusive<PropertyPanel>();
@@ -101,7 +107,9 @@ AudioPage::AudioPage(PageContext const& context) : mSession(context.audio), mLog
         {mGutter},
         {mRuler},
         {mWaveform},
+        {mPlayback->Line()},
         {mOverview},
+        {mPlayback},
         {mReadOut},
         {mHint},
         {mProgress},
@@ -122,6 +130,7 @@ AudioPage::AudioPage(PageContext const& context) : mSession(context.audio), mLog
       page->ShowReadOut();
     }
   });
+  mWaveform->SetPlayFunction([&transport = mTransport] { transport.PlayOrPause(); });
   mPanel->SetChangeFunction(
       [weak = RefCountedWeakPtr<AudioPage>(this)](Property const& property, std::string const& value) {
         if (auto const page = weak.Lock()) {
@@ -153,6 +162,9 @@ PropertyPanel& AudioPage::Panel() const {
 }
 PeakProgress& AudioPage::Progress() const {
   return *mProgress;
+}
+TransportBar& AudioPage::Playback() const {
+  return *mPlayback;
 }
 EditBar& AudioPage::Edit() const {
   return *mEdit;
@@ -210,6 +222,7 @@ void AudioPage::ShowState(std::size_t state) {
 }
 
 void AudioPage::SessionChanged(SessionChanges changes) {
+  mPlayback->SessionChanged(changes);
   if (changes.Has(SessionChange::kDocument)) {
     DocumentChanged();
     return;
@@ -250,8 +263,8 @@ void AudioPage::DocumentChanged() {
   mSounds->SetValue(shows ? static_cast<std::int64_t>(mSession.CurrentIndex()) : none);
   mSummary->SetValue(To16(mSession.Current().Summary()));
   mPanel->SetGroups(AudioProperties(mSession, CurrentAppearance().theme));
-  for (moxui::ui::UI_Node* const aboutSound :
-       std::initializer_list<moxui::ui::UI_Node*>{mRuler.Get(), mGutter.Get(), mOverview.Get()}) {
+  for (moxui::ui::UI_Node* const aboutSound : std::initializer_list<moxui::ui::UI_Node*>{
+           mRuler.Get(), mGutter.Get(), mOverview.Get(), mPlayback.Get()}) {
     aboutSound->UI_Show(mSession.HasSound());
   }
   ShowProgress();
@@ -286,6 +299,14 @@ bool AudioPage::UI_DoTimerNotify(int id) {
   return true;
 }
 
+bool AudioPage::UI_DoPreKeyboardEvent(moxui::ui::UI_Node* node, moxui::ui::KeyboardEvent const& event) {
+  return node == mWaveform.Get() && HandlePlayheadKey(mSession, mTransport, event);
+}
+
+bool AudioPage::UI_DoKeyboardEvent(moxui::ui::UI_Node*, moxui::ui::KeyboardEvent const& event) {
+  return mSession.HasSound() && HandleTransportKey(mTransport, event);
+}
+
 // The focus comes back with the window, when another program may just have written the file.
 void AudioPage::UI_FocusChanged(moxui::ui::FocusChangeReason reason) {
   Page::UI_FocusChanged(reason);
@@ -306,7 +327,8 @@ std::string AudioPage::FailureText() const {
 RectT<float> AudioPage::WaveformFrame() const {
   RectT<float> const own = UI_GetLocalRectF(false);
   float const top = 8.0f + 24.0f + 8.0f + (mSession.Failures().empty() ? 0.0f : 32.0f) + kRulerHeight;
-  float const bottom = own.height - 4.0f - 2.0f * kLineHeight - 8.0f - kOverviewHeight - 8.0f;
+  float const bottom =
+      own.height - 4.0f - 2.0f * kLineHeight - 4.0f - ControlHeight() - 8.0f - kOverviewHeight - 8.0f;
   float const left = kPanelPadding + kGutterWidth;
   float const right = own.width - kPanelWidth - kPanelPadding;
   return {left, top, std::max(OnGrid(right - left), 0.0f), std::max(OnGrid(bottom - top), 0.0f)};
@@ -342,7 +364,10 @@ void AudioPage::LayOut() {
   place(*mGutter, {kPanelPadding, wave.top, kGutterWidth, wave.height});
   place(*mWaveform, wave);
   place(*mOverview, {wave.left, wave.Bottom() + 8.0f, wave.width, kOverviewHeight});
-  float const line = wave.Bottom() + 8.0f + kOverviewHeight + 8.0f;
+  place(*mPlayback->Line(), wave);
+  float const playback = wave.Bottom() + 8.0f + kOverviewHeight + 8.0f;
+  place(*mPlayback, {wave.left, playback, wave.width, control});
+  float const line = playback + control + 4.0f;
   place(*mReadOut, {wave.left, line, wave.width, kLineHeight});
   place(*mHint, {wave.left, line + kLineHeight, wave.width, kLineHeight});
   place(*mProgress, {wave.left, line + kLineHeight, wave.width, kLineHeight});

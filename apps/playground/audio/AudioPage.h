@@ -19,6 +19,7 @@ class OverviewBar;
 class PeakProgress;
 class PropertyPanel;
 class TimeRulerView;
+class TransportBar;
 class WaveformView;
 
 // The waveform of a sound with everything around it: names of the channels, times, an overview to scroll by,
@@ -41,6 +42,7 @@ class AudioPage : public Page {
   PropertyPanel& Panel() const;
   PeakProgress& Progress() const;
   EditBar& Edit() const;
+  TransportBar& Playback() const;
   moxui::controls::UI_Popup& Sounds() const { return *mSounds; }
   // What the line about failures says; empty when there are none.
   std::string FailureText() const;
@@ -54,6 +56,8 @@ class AudioPage : public Page {
   void UI_ScaleChanged(float scale) override;
   void UI_NodeChanged(moxui::ui::NodeChange change) override;
   bool UI_DoTimerNotify(int id) override;
+  bool UI_DoPreKeyboardEvent(moxui::ui::UI_Node* node, moxui::ui::KeyboardEvent const& event) override;
+  bool UI_DoKeyboardEvent(moxui::ui::UI_Node* node, moxui::ui::KeyboardEvent const& event) override;
   void UI_FocusChanged(moxui::ui::FocusChangeReason reason) override;
   bool HandleShortcut(moxui::ui::KeyboardEvent const& event) override;
 
@@ -71,6 +75,7 @@ class AudioPage : public Page {
                   moxcore::Utf16String const& text) const;
 
   AudioSession& mSession;
+  Transport& mTransport;
   EventLog& mLog;
   moxcore::utility::IntrusivePtr<moxui::controls::UI_Popup> mSounds;
   moxcore::utility::IntrusivePtr<moxui::controls::UI_StaticText> mSummary;
@@ -81,6 +86,7 @@ class AudioPage : public Page {
   moxcore::utility::IntrusivePtr<TimeRulerView> mRuler;
   moxcore::utility::IntrusivePtr<WaveformView> mWaveform;
   moxcore::utility::IntrusivePtr<OverviewBar> mOverview;
+  moxcore::utility::IntrusivePtr<TransportBar> mPlayback;
   moxcore::utility::IntrusivePtr<moxui::controls::UI_StaticText> mReadOut;
   moxcore::utility::IntrusivePtr<moxui::controls::UI_StaticText> mHint;
   moxcore::utility::IntrusivePtr<PeakProgress> mProgress;

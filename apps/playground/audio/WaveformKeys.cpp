@@ -15,11 +15,10 @@ using moxui::ui::KeyboardCode;
 using moxui::ui::ModKeys;
 namespace ModKey = moxui::ui::ModKey;
 
-constexpr double kScrollShare = 0.125;  // of the view, for an arrow key
 constexpr double kPageShare = 0.9;
 constexpr double kKeyZoom = 2.0;
 constexpr double kLevelZoom = 1.25;
-constexpr int kSelectColumns = 8;  // an arrow key moves the head of the selection this far
+constexpr double kFarther = 10.0;  // columns, for an arrow key with command
 
 void Scroll(AudioSession& session, double share) {
   session.ChangeView([share](Viewport& view) { view.ScrollBy(share * view.Width()); }, ViewStep::kScroll);
@@ -49,13 +48,32 @@ void MoveHeadBy(AudioSession& session, double columns) {
   MoveHeadTo(session, static_cast<double>(session.Selection().Head()) + (columns < 0.0 ? -step : step));
 }
 
+void PlaceAt(AudioSession& session, std::int64_t sample) {
+  session.ChangeSelection([sample](SampleSelection& selection) { selection.PlaceAt(sample); },
+                          ViewStep::kSelect);
+  auto const place = static_cast<double>(session.Selection().Head());
+  session.ChangeView([place](Viewport& view) { view.Reveal(place); }, ViewStep::kSelect);
+}
+
+// From a selection the cursor first goes to its end on that side, as in a text.
+void MoveCursorBy(AudioSession& session, double columns) {
+  SampleSelection const& selection = session.Selection();
+  if (!selection.IsEmpty()) {
+    PlaceAt(session, selection.Left() + (columns < 0.0 ? 0 : selection.Width()));
+    return;
+  }
+  double const step = std::max(std::abs(columns) * session.View().SamplesPerPixel(), 1.0);
+  auto const distance = static_cast<std::int64_t>(std::llround(step));
+  PlaceAt(session, selection.Head() + (columns < 0.0 ? -distance : distance));
+}
+
 bool HandleWithShift(AudioSession& session, KeyboardCode code) {
   switch (code) {
     case KeyboardCode::kLeft:
-      MoveHeadBy(session, -kSelectColumns);
+      MoveHeadBy(session, -1.0);
       return true;
     case KeyboardCode::kRight:
-      MoveHeadBy(session, kSelectColumns);
+      MoveHeadBy(session, 1.0);
       return true;
     case KeyboardCode::kPageUp:
       MoveHeadBy(session, -kPageShare * session.View().Width());
@@ -80,10 +98,10 @@ bool HandleWithShift(AudioSession& session, KeyboardCode code) {
 bool HandlePlain(AudioSession& session, KeyboardCode code) {
   switch (code) {
     case KeyboardCode::kLeft:
-      Scroll(session, -kScrollShare);
+      MoveCursorBy(session, -1.0);
       return true;
     case KeyboardCode::kRight:
-      Scroll(session, kScrollShare);
+      MoveCursorBy(session, 1.0);
       return true;
     case KeyboardCode::kPageUp:
       Scroll(session, -kPageShare);
@@ -98,10 +116,10 @@ bool HandlePlain(AudioSession& session, KeyboardCode code) {
       ZoomLevel(session, 1.0 / kLevelZoom);
       return true;
     case KeyboardCode::kHome:
-      session.ChangeView([](Viewport& view) { view.ScrollTo(0.0); });
+      PlaceAt(session, 0);
       return true;
     case KeyboardCode::kEnd:
-      session.ChangeView([](Viewport& view) { view.ScrollTo(static_cast<double>(view.Frames())); });
+      PlaceAt(session, session.View().Frames());
       return true;
     case KeyboardCode::kF:
       session.ChangeView([](Viewport& view) { view.ShowAll(); });
@@ -143,6 +161,17 @@ bool HandleWaveformKey(AudioSession& session, moxui::ui::KeyboardEvent const& ev
   if (keys == ModKeys(ModKey::kCommand) && code == KeyboardCode::kA) {
     session.ChangeSelection([](SampleSelection& selection) { selection.SelectAll(); });
     return true;
+  }
+  if (code == KeyboardCode::kLeft || code == KeyboardCode::kRight) {
+    double const farther = code == KeyboardCode::kLeft ? -kFarther : kFarther;
+    if (keys == ModKeys(ModKey::kCommand)) {
+      MoveCursorBy(session, farther);
+      return true;
+    }
+    if (keys == ModKeys(ModKey::kCommand | ModKey::kShift)) {
+      MoveHeadBy(session, farther);
+      return true;
+    }
   }
   if (keys == ModKeys(ModKey::kShift)) {
     return HandleWithShift(session, code);

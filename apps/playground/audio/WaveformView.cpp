@@ -257,6 +257,7 @@ void WaveformView::BeginDrag(moxui::ui::MouseEvent const& event) {
   if (scrolls) {
     mDrag = Drag::kScroll;
     mStep = std::make_unique<ViewDrag>(mSession);
+    mSpaceWasUsed = mSpaceIsDown;
   } else if (event.IsButton(MouseButton::kLeft) && mSession.HasSound()) {
     mDrag = Drag::kSelect;
     mStep = std::make_unique<ViewDrag>(mSession);
@@ -321,10 +322,23 @@ bool WaveformView::UI_DoTimerNotify(int id) {
 bool WaveformView::UI_DoKeyboardEvent(moxui::ui::UI_Node*, moxui::ui::KeyboardEvent const& event) {
   bool const isDown = event.IsAction(moxui::ui::KeyAction::kKeyDown);
   if (event.GetCode() == moxui::ui::KeyboardCode::kSpace) {
-    mSpaceIsDown = isDown;
-    return true;
+    return HandleSpace(event);
   }
   return isDown && HandleWaveformKey(mSession, event);
+}
+
+// Whether it plays is known only when it is let go: until then it may be for a drag.
+bool WaveformView::HandleSpace(moxui::ui::KeyboardEvent const& event) {
+  bool const isDown = event.IsAction(moxui::ui::KeyAction::kKeyDown);
+  bool const plays = !isDown && mSpaceIsDown && !mSpaceWasUsed;
+  if (isDown && !mSpaceIsDown) {
+    mSpaceWasUsed = mDrag != Drag::kNone || !event.GetModKey().IsEmpty();
+  }
+  mSpaceIsDown = isDown;
+  if (plays && mPlay) {
+    mPlay();
+  }
+  return true;
 }
 
 void WaveformView::UI_FocusChanged(moxui::ui::FocusChangeReason reason) {

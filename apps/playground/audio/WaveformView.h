@@ -22,7 +22,8 @@ class WaveformFeed;
 // The waveform of a session's sound, a column to each device pixel, with the selection and the place of the
 // cursor. By hand: a drag selects, with shift it moves the nearer end; the wheel zooms at the pointer, with
 // shift it scrolls, with command it zooms the level; the middle button, option or a held space bar drag the
-// view. The keyboard does the same. It changes the session and is told of every change by its page.
+// view. A space bar that is let go without a drag plays. The keyboard does the same. It changes the session
+// and is told of every change by its page.
 class WaveformView : public moxui::ui::UI_Node {
  public:
   // What is under the pointer: a column of the view.
@@ -32,6 +33,8 @@ class WaveformView : public moxui::ui::UI_Node {
   ~WaveformView() override;
 
   void SetHoverFunction(HoverFunction function) { mHover = std::move(function); }
+  // Called when the space bar is let go.
+  void SetPlayFunction(std::function<void()> function) { mPlay = std::move(function); }
   // The amplitude that the picture shows at a column.
   float AmplitudeAt(std::size_t channel, int column) const;
 
@@ -63,6 +66,7 @@ class WaveformView : public moxui::ui::UI_Node {
   void ContinueDrag(float x);
   void EndDrag();
   void ScrollWhileSelecting();
+  bool HandleSpace(moxui::ui::KeyboardEvent const& event);
   bool Extend(std::int64_t sample);
   void PrepareDraw(Viewport const& view, int rows, float scale) const;
   std::shared_ptr<Data> DataFor(Viewport const& view) const;
@@ -78,12 +82,14 @@ class WaveformView : public moxui::ui::UI_Node {
 
   AudioSession& mSession;
   HoverFunction mHover;
+  std::function<void()> mPlay;
   mutable moxmediaui::WaveformDraw mDraw;
   std::unique_ptr<WaveformFeed> mFeed;
   Drag mDrag = Drag::kNone;
   std::unique_ptr<ViewDrag> mStep;  // of the drag
   float mDragX = 0.0f;
   bool mSpaceIsDown = false;
+  bool mSpaceWasUsed = false;  // for a drag, since it went down
   std::int64_t mCursor = 0;
 };
 

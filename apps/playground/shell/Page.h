@@ -12,6 +12,7 @@ namespace playground {
 
 class AudioSession;
 class EventLog;
+class Transport;
 
 // One page of the program: some controls at work. It shows one of its states, by their numbers.
 class Page : public moxui::ui::UI_SubView {
@@ -27,6 +28,7 @@ class Page : public moxui::ui::UI_SubView {
 // What pages work with; all of it outlives them.
 struct PageContext {
   AudioSession& audio;
+  Transport& transport;
   EventLog& log;
 };
 

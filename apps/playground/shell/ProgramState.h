@@ -1,6 +1,8 @@
 #pragma once
 
 #include "audio/AudioSession.h"
+#include "audio/Transport.h"
+#include "playback/SdlOutput.h"
 #include "program/Appearance.h"
 #include "shell/EventLog.h"
 
@@ -11,6 +13,7 @@ namespace playground {
 // What the program knows apart from its views, which come and go with language and look.
 struct ProgramState {
   AudioSession audio;
+  Transport transport{audio, NewSdlOutput()};
   EventLog log;
   Appearance appearance;
   std::size_t page = 0;

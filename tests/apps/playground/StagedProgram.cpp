@@ -15,6 +15,7 @@ ProgramState& StagedProgram::Begun(ProgramState& state, std::string_view page, A
 
 StagedProgram::StagedProgram(std::string_view page, Appearance const& appearance, moxui::ExtentT<float> size)
     : stage(size), shell(Begun(state, page, appearance), stage.GetTree()) {
+  state.transport.UseOutput(device.MakeOutput());
   stage.PaintFrame();
 }
 

@@ -2,6 +2,7 @@
 
 #include "audio/AudioPage.h"
 #include "controls/ControlPage.h"
+#include "playground/playback/ManualDevice.h"
 #include "shell/Shell.h"
 
 #include <moxui/testing/Stage.h>
@@ -10,7 +11,7 @@
 
 namespace playground {
 
-// The program on a stage in place of a window.
+// The program on a stage in place of a window, with a sound device under the test's hand.
 class StagedProgram {
  public:
   explicit StagedProgram(std::string_view page = "audio", Appearance const& appearance = {},
@@ -26,6 +27,7 @@ class StagedProgram {
   double SampleAt(moxui::PointT<float> point) const;
   moxui::platform::Pixels Picture() { return stage.TakePicture(); }
 
+  ManualDevice device;
   ProgramState state;
   moxui::testing::Stage stage;
   Shell shell;

@@ -113,7 +113,7 @@ TEST_F(Undo, KeysOfDifferentKindsAreDifferentSteps) {
   Focus();
   program.stage.Key(KeyboardCode::kPlus);
   program.stage.Key(KeyboardCode::kPlus);
-  program.stage.Key(KeyboardCode::kRight);
+  program.stage.Key(KeyboardCode::kPageDown);
   program.stage.Key(KeyboardCode::kRight, ModKeys(ModKey::kShift));
   program.stage.Key(KeyboardCode::kF);
   EXPECT_EQ(Steps(), 4);

@@ -146,9 +146,9 @@ TEST_F(WaveformGestures, KeysScrollAndZoom) {
   ZoomIn();
   Focus();
   double const left = View().Left();
-  EXPECT_TRUE(program.stage.Key(KeyboardCode::kRight));
+  EXPECT_TRUE(program.stage.Key(KeyboardCode::kPageDown));
   EXPECT_GT(View().Left(), left);
-  EXPECT_TRUE(program.stage.Key(KeyboardCode::kLeft));
+  EXPECT_TRUE(program.stage.Key(KeyboardCode::kPageUp));
   EXPECT_NEAR(View().Left(), left, 1e-6);
   double const samplesPerPixel = View().SamplesPerPixel();
   EXPECT_TRUE(program.stage.Key(KeyboardCode::kPlus, ModKeys(ModKey::kShift)));
@@ -161,6 +161,52 @@ TEST_F(WaveformGestures, KeysScrollAndZoom) {
   EXPECT_EQ(View().Left(), 0.0);
   EXPECT_TRUE(program.stage.Key(KeyboardCode::kF));
   EXPECT_TRUE(View().ShowsAll());
+}
+
+TEST_F(WaveformGestures, ArrowsMoveTheCursorByAColumnAndFartherWithCommand) {
+  Focus();
+  double const column = View().SamplesPerPixel();
+  program.Session().ChangeSelection([](SampleSelection& selection) { selection.PlaceAt(48000); });
+  EXPECT_TRUE(program.stage.Key(KeyboardCode::kRight));
+  EXPECT_EQ(Selection().Head(), 48000 + std::llround(column));
+  EXPECT_TRUE(program.stage.Key(KeyboardCode::kLeft));
+  EXPECT_EQ(Selection().Head(), 48000);
+  EXPECT_TRUE(program.stage.Key(KeyboardCode::kRight, ModKeys(ModKey::kCommand)));
+  EXPECT_EQ(Selection().Head(), 48000 + std::llround(10.0 * column));
+  EXPECT_TRUE(Selection().IsEmpty());
+  EXPECT_TRUE(program.stage.Key(KeyboardCode::kLeft, ModKeys(ModKey::kCommand | ModKey::kShift)));
+  EXPECT_EQ(Selection().Head(), 48000);
+  EXPECT_EQ(Selection().Width(), std::llround(10.0 * column));
+}
+
+TEST_F(WaveformGestures, ArrowsLeaveASelectionAtItsEnds) {
+  Focus();
+  program.Session().ChangeSelection([](SampleSelection& selection) { selection.Select(100, 48000); });
+  program.stage.Key(KeyboardCode::kRight);
+  EXPECT_TRUE(Selection().IsEmpty());
+  EXPECT_EQ(Selection().Head(), 48000);
+  program.Session().ChangeSelection([](SampleSelection& selection) { selection.Select(100, 48000); });
+  program.stage.Key(KeyboardCode::kLeft);
+  EXPECT_EQ(Selection().Head(), 100);
+}
+
+TEST_F(WaveformGestures, ArrowsBringTheCursorIntoSight) {
+  ZoomIn();
+  Focus();
+  auto const right = static_cast<std::int64_t>(View().Left() + View().VisibleSamples());
+  program.Session().ChangeSelection([&](SampleSelection& selection) { selection.PlaceAt(right); });
+  double const left = View().Left();
+  program.stage.Key(KeyboardCode::kRight);
+  EXPECT_GT(View().Left(), left);
+}
+
+TEST_F(WaveformGestures, HomeAndEndMoveTheCursor) {
+  Focus();
+  program.stage.Key(KeyboardCode::kEnd);
+  EXPECT_EQ(Selection().Head(), View().Frames());
+  program.stage.Key(KeyboardCode::kHome);
+  EXPECT_EQ(Selection().Head(), 0);
+  EXPECT_TRUE(Selection().IsEmpty());
 }
 
 TEST_F(WaveformGestures, KeysSelect) {

@@ -1,0 +1,12 @@
+#pragma once
+
+#include <moxui/controls/UI_ImageHandler.h>
+
+namespace playground {
+
+enum class TransportIcon { kToStart, kPlay, kPause, kStop, kToEnd, kLoop };
+
+// The picture of a transport button, drawn in the colour of the button's state.
+moxui::controls::ImageSupplyFunction IconOf(TransportIcon icon);
+
+}  // namespace playground

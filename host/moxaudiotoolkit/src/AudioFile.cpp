@@ -52,7 +52,8 @@ void CheckHeader(const SoundFileHeader& header, const std::string& name) {
 
 class AudioFile::Reader {
  public:
-  Reader(std::string name, SoundFileHandle::Bytes bytes) : mName(std::move(name)), mBytes(std::move(bytes)) {
+  Reader(std::string name, SoundFileHandle::Bytes bytes, const std::atomic<bool>* cancelled)
+      : mName(std::move(name)), mBytes(std::move(bytes)) {
     Reopen();
     const SoundFileHeader& header = mHandle->GetHeader();
     CheckHeader(header, mName);
@@ -60,10 +61,11 @@ class AudioFile::Reader {
     mProperties.sampleRate = header.sampleRate;
     mProperties.channelCount = header.channelCount;
     mProperties.format = header.format;
+    mProperties.jumpsFast = header.seekable;
     mProperties.integerBits = header.integerBits;
     // Streams are written before their length is known; only their end tells it.
     const bool known = header.frames != std::numeric_limits<std::int64_t>::max();
-    mProperties.frames = known ? header.frames : CountFrames(MostFramesIn(header.byteCount));
+    mProperties.frames = known ? header.frames : CountFrames(MostFramesIn(header.byteCount), cancelled);
     mProperties.duration = static_cast<double>(mProperties.frames) / mProperties.sampleRate;
   }
 
@@ -134,7 +136,7 @@ class AudioFile::Reader {
     }
   }
 
-  std::int64_t CountFrames(std::int64_t most) {
+  std::int64_t CountFrames(std::int64_t most, const std::atomic<bool>* cancelled) {
     std::vector<float> skipped(kChunkFloats);
     std::int64_t count = 0;
     while (const std::int64_t got = mHandle->Read(skipped.data(), ChunkFrames(mProperties.channelCount))) {
@@ -142,6 +144,10 @@ class AudioFile::Reader {
       if (count > most) {
         throw AudioFileError(AudioFileFault::kDamaged, mName,
                              "$$$/moxaudiotoolkit/Error/Endless=The sound never ends.");
+      }
+      if (cancelled != nullptr && *cancelled) {
+        throw AudioFileError(AudioFileFault::kCancelled, mName,
+                             "$$$/moxaudiotoolkit/Error/Cancelled=The opening was cancelled.");
       }
     }
     Reopen();
@@ -164,11 +170,12 @@ class AudioFile::Reader {
   AudioFileProperties mProperties;
 };
 
-AudioFile::AudioFile(const std::string& path) : mReader(std::make_unique<Reader>(path, nullptr)) {}
+AudioFile::AudioFile(const std::string& path, const std::atomic<bool>* cancelled)
+    : mReader(std::make_unique<Reader>(path, nullptr, cancelled)) {}
 
 AudioFile::AudioFile(std::vector<std::uint8_t> bytes, const std::string& name)
     : mReader(std::make_unique<Reader>(
-          name, std::make_shared<const std::vector<std::uint8_t>>(std::move(bytes)))) {}
+          name, std::make_shared<const std::vector<std::uint8_t>>(std::move(bytes)), nullptr)) {}
 
 AudioFile::~AudioFile() = default;
 AudioFile::AudioFile(AudioFile&&) noexcept = default;

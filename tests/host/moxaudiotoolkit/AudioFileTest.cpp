@@ -2,11 +2,14 @@
 #include "TemporaryFolder.h"
 
 #include <moxaudiotoolkit/AudioFile.h>
+#include <moxaudiotoolkit/AudioFileError.h>
 #include <moxaudiotoolkit/AudioFileWriter.h>
 
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <filesystem>
+#include <fstream>
 #include <limits>
 #include <stdexcept>
 #include <string>
@@ -89,6 +92,25 @@ TEST(AudioFile, CountsTheFramesOfAStreamOfUnknownLength) {
   AudioFile file(bytes, "stream");
   EXPECT_EQ(file.GetProperties().frames, 100000);
   EXPECT_EQ(file.ReadChannels(70000, 500), expected);
+}
+
+TEST(AudioFile, GivesUpCountingWhenNobodyWantsItAnyMore) {
+  const TemporaryFolder folder;
+  WriteAudioFile(folder / "sound", AudioFileFormat::kFlacInt24, 48000, Tones(1, 50000));
+  std::vector<std::uint8_t> bytes = testing::ReadBytes(folder / "sound");
+  testing::SetFlacFrames(bytes, 0);
+  std::ofstream(folder / "stream", std::ios::binary)
+      .write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
+  std::atomic<bool> cancelled = false;
+  EXPECT_EQ(AudioFile(folder / "stream", &cancelled).GetProperties().frames, 50000);
+  cancelled = true;
+  try {
+    const AudioFile file(folder / "stream", &cancelled);
+    FAIL() << "opened";
+  } catch (const AudioFileError& error) {
+    EXPECT_EQ(error.GetFault(), AudioFileFault::kCancelled);
+  }
+  EXPECT_EQ(AudioFile(folder / "sound", &cancelled).GetProperties().frames, 50000) << "nothing to count";
 }
 
 TEST(AudioFile, ReadsChannelsInterleaved) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <atomic>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -23,6 +24,7 @@ struct AudioFileProperties {
   int channelCount = 0;
   std::string format;     // container and encoding in words, for display
   double duration = 0.0;  // seconds
+  bool jumpsFast = true;  // false where a jump is a decoding of all that lies before
   int integerBits = 0;    // of whole-number samples kept without loss; 0 for all others
 };
 
@@ -34,8 +36,9 @@ struct AudioFileProperties {
 // for use from two threads at once.
 class AudioFile {
  public:
-  // Opens the file at `path`, UTF-8.
-  explicit AudioFile(const std::string& path);
+  // Opens the file at `path`, UTF-8. Where the length of a sound isn't told by its header it is decoded to
+  // its end, which is given up (kCancelled) once `cancelled` is true; it isn't looked at later.
+  explicit AudioFile(const std::string& path, const std::atomic<bool>* cancelled = nullptr);
   // Opens a file that is held in memory; `name` stands for it in errors.
   AudioFile(std::vector<std::uint8_t> bytes, const std::string& name);
   ~AudioFile();

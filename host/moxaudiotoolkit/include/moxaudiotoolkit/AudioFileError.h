@@ -20,6 +20,7 @@ enum class AudioFileFault {
   kBadSampleRate,    // none, or above kHighestSampleRate
   kTooLong,          // doesn't fit the memory that the caller allows
   kNotWritable,      // the file couldn't be written
+  kCancelled,        // whoever asked for it wants it no more
 };
 
 // Why a sound file couldn't be opened, read or written. what() is the name of the file and the reason,

@@ -199,6 +199,9 @@ class FilePeaks::Worker {
     try {
       return Make();
     } catch (const AudioFileError& error) {
+      if (error.GetFault() == AudioFileFault::kCancelled) {
+        return State::kCancelled;
+      }
       SetProblem({error.what(), error.GetReason()});
     } catch (const std::bad_alloc&) {
       const AudioFileError error(AudioFileFault::kTooLong, mPath,
@@ -212,7 +215,7 @@ class FilePeaks::Worker {
 
   State Make() {
     const std::shared_ptr<const SampleSource> source =
-        mOptions.open ? mOptions.open(mPath) : OpenSampleSource(mPath);
+        mOptions.open ? mOptions.open(mPath) : OpenSampleSource(mPath, &mCancelled);
     if (GetPyramid() == nullptr) {
       // What the header tells needn't wait for peaks.
       Show(nullptr, source, false);

@@ -26,6 +26,7 @@ class DecodedFileSource : public SampleSource {
       : SampleSource(properties), mPeakFile(std::move(file)) {}
 
   bool IsParallel() const override { return false; }
+  bool JumpsFast() const override { return mPeakFile.GetProperties().jumpsFast; }
 
   void ReadInterleaved(std::int64_t firstFrame, std::span<float> destination) const override {
     const std::lock_guard lock(mViewMutex);
@@ -113,8 +114,9 @@ void SampleSource::ReadPeaks(std::int64_t firstFrame, std::int64_t frameCount,
   }
 }
 
-std::shared_ptr<const SampleSource> OpenSampleSource(const std::string& path) {
-  AudioFile file(path);
+std::shared_ptr<const SampleSource> OpenSampleSource(const std::string& path,
+                                                     const std::atomic<bool>* cancelled) {
+  AudioFile file(path, cancelled);
   if (std::shared_ptr<const SampleSource> raw = RawSource::Open(file)) {
     return raw;
   }

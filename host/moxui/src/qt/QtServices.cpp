@@ -15,7 +15,6 @@
 #include <QClipboard>
 #include <QDrag>
 #include <QFileDialog>
-#include <QFileInfo>
 #include <QMenu>
 #include <QMimeData>
 #include <QPixmap>
@@ -234,23 +233,8 @@ moxcore::Utf8String QtFileDialogs::AskForFileToSave(platform::FileRequest const&
   if (auto const answered = AskResponder(request)) {
     return FirstOf(*answered);
   }
-  // Only a dialog of one's own asks before it replaces the file that the suffix makes of a name.
-  QFileDialog dialog(ParentOf(request), ToQString(request.title), QString(), FilterOf(request));
-  dialog.setAcceptMode(QFileDialog::AcceptSave);
-  dialog.setFileMode(QFileDialog::AnyFile);
-  dialog.setDefaultSuffix(ToQString(request.defaultSuffix));
-  if (QFileInfo const start(ToQString(request.startPath)); start.isDir()) {
-    dialog.setDirectory(start.filePath());
-  } else if (!start.fileName().isEmpty()) {
-    if (start.isAbsolute()) {
-      dialog.setDirectory(start.path());
-    }
-    dialog.selectFile(start.fileName());
-  }
-  if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) {
-    return {};
-  }
-  return ToUtf8(dialog.selectedFiles().front());
+  return ToUtf8(QFileDialog::getSaveFileName(ParentOf(request), ToQString(request.title),
+                                             ToQString(request.startPath), FilterOf(request)));
 }
 
 moxcore::Utf8String QtFileDialogs::AskForDirectory(platform::FileRequest const& request) {

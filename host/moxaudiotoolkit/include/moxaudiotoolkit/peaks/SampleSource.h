@@ -1,5 +1,6 @@
 #pragma once
 
+#include <atomic>
 #include <cstdint>
 #include <memory>
 #include <span>
@@ -40,6 +41,9 @@ class SampleSource {
   // False where reading is a decoding from one end to the other, which more threads don't speed up and which
   // is best left to one that goes forward.
   virtual bool IsParallel() const { return true; }
+  // False where reading elsewhere than behind the last reading decodes all that lies before: whoever wants to
+  // be able to stop reads its way there in pieces.
+  virtual bool JumpsFast() const { return true; }
 
   // Fills `destination`, channels interleaved, with whole frames from `firstFrame` on, all of which lie
   // within the audio. Throws when they can't be read.
@@ -57,7 +61,9 @@ class SampleSource {
 // The sound file at `path`, UTF-8. Uncompressed WAV, RF64, Wave64 and AIFF files of 16 and 24 bits and
 // of floats are read without a decoder, by as many threads as ask; every other format is decoded by one at a
 // time. Throws AudioFileError, also later while reading, when the file was cut short meanwhile.
-std::shared_ptr<const SampleSource> OpenSampleSource(const std::string& path);
+// `cancelled` as for AudioFile.
+std::shared_ptr<const SampleSource> OpenSampleSource(const std::string& path,
+                                                     const std::atomic<bool>* cancelled = nullptr);
 
 // What is in memory already.
 std::shared_ptr<const SampleSource> MakeSampleSource(std::shared_ptr<const DecodedAudio> audio);

@@ -212,6 +212,9 @@ bool DrawsSamples(AudioSession const& session) {
 bool DrawsPeaks(AudioSession const& session) {
   return session.HasSound() && !session.DrawsSamples();
 }
+bool DrawsRms(AudioSession const& session) {
+  return DrawsPeaks(session) && !session.Settings().layered;
+}
 bool HasSelection(AudioSession const& session) {
   return !session.Selection().IsEmpty();
 }
@@ -272,6 +275,10 @@ PropertyGroup Wave(Maker const& make) {
                     Text("$$$/playground/audio/detail/samples=Samples")}),
        make.Toggle("squareRoot", Text("$$$/playground/audio/squareRoot=Square root scaling"),
                    &WaveformSettings::squareRoot),
+       make.When(DrawsRms, make.Toggle("rms", Text("$$$/playground/audio/rms=RMS within the peaks"),
+                                       &WaveformSettings::rms)),
+       make.Toggle("clipMarks", Text("$$$/playground/audio/clipMarks=Marks where it clips"),
+                   &WaveformSettings::clipMarks),
        make.When(DrawsSamples,
                  make.Toggle("sampleDots", Text("$$$/playground/audio/sampleDots=Dots on samples"),
                              &WaveformSettings::sampleDots)),
@@ -361,8 +368,9 @@ PropertyGroup Lines(Maker const& make) {
                              {Text("$$$/playground/audio/timeGridSpacing/ruler=As the ruler"), pixels(10),
                               pixels(25), pixels(50), pixels(100)})),
        make.Choice("amplitudeGrid", Text("$$$/playground/audio/amplitudeGrid=Level grid"),
-                   &WaveformSettings::amplitudeDivisions, {0, 1, 3, 7},
+                   &WaveformSettings::amplitudeDivisions, {0, kDecibelGrid, 1, 3, 7},
                    {Text("$$$/playground/audio/amplitudeGrid/none=None"),
+                    Text("$$$/playground/audio/amplitudeGrid/decibels=Decibels"),
                     Text("$$$/playground/audio/amplitudeGrid/halves=Halves"),
                     Text("$$$/playground/audio/amplitudeGrid/quarters=Quarters"),
                     Text("$$$/playground/audio/amplitudeGrid/eighths=Eighths")})}};

@@ -23,12 +23,12 @@ double ResolutionOf(AudioSession const& session, int rate) {
 
 }  // namespace
 
-std::string DecibelText(double amplitude) {
+std::string DecibelNumber(double amplitude) {
   if (!(amplitude > kSilence)) {
-    return "-\u221E dB";
+    return "-\u221E";
   }
   std::array<char, 32> text;
-  std::snprintf(text.data(), text.size(), "%.1f dB", 20.0 * std::log10(amplitude));
+  std::snprintf(text.data(), text.size(), "%.1f", 20.0 * std::log10(amplitude));
   return text.data();
 }
 
@@ -51,7 +51,7 @@ std::string SelectionText(AudioSession const& session) {
 }
 
 std::string AudioReadOut(AudioSession const& session, std::optional<int> column,
-                         std::function<float(std::size_t channel, int column)> const& amplitude) {
+                         std::function<ShownLevel(std::size_t channel, int column)> const& level) {
   int const rate = session.Current().SampleRate();
   if (rate == 0 || !column) {
     return SelectionText(session);
@@ -61,8 +61,11 @@ std::string AudioReadOut(AudioSession const& session, std::optional<int> column,
                           {TimeText(sample / rate, ResolutionOf(session, rate)),
                            std::to_string(static_cast<std::int64_t>(sample))});
   std::size_t const channels = session.Current().ChannelCount();
+  text += "    " + Text("$$$/playground/audio/levelsAt=Amplitude | RMS in dB:");
   for (std::size_t channel = 0; channel < std::min(channels, kMostLevels); ++channel) {
-    text += "    " + ShortChannelName(channel, channels) + " " + DecibelText(amplitude(channel, *column));
+    ShownLevel const shown = level(channel, *column);
+    text += "   " + ShortChannelName(channel, channels) + " " + DecibelNumber(shown.amplitude) + " | " +
+            DecibelNumber(shown.rms);
   }
   return text;
 }

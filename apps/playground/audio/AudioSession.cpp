@@ -1,7 +1,5 @@
 #include "audio/AudioSession.h"
 
-#include "audio/PeakFile.h"
-
 #include <utility>
 
 namespace playground {
@@ -17,7 +15,7 @@ AudioDocument const& AudioSession::Current() const {
 }
 
 bool AudioSession::DrawsSamples() const {
-  return Current().Source() && HasSound() && mSettings.detail != DetailChoice::kPeaks &&
+  return HasSound() && mSettings.detail != DetailChoice::kPeaks &&
          (mSettings.detail == DetailChoice::kSamples || mView.SamplesPerPixel() < 1.0);
 }
 
@@ -26,7 +24,7 @@ void AudioSession::Begin(std::size_t index) {
   mCurrent = index;
   AudioDocument const& document = Current();
   std::int64_t const frames = document.Frames();
-  mView.SetFrames(frames, document.FinestZoom());
+  mView.SetFrames(frames);
   mSelection.SetFrames(frames);
   mSettings.SetChannelCount(document.ChannelCount());
   mSettings.fadeStart = 0;
@@ -67,19 +65,8 @@ void AudioSession::OpenFiles(std::vector<std::string> const& paths) {
   mShowsNextOpened = true;
   moxaudiotoolkit::FilePeaksOptions options = mPeaksOptions;
   options.onChange = mBell.Rope();
-  OpenFailure failure;
   for (std::string const& path : paths) {
-    if (!IsPeakFile(path)) {
-      mOpening.emplace_back(path, options);
-    } else if (auto document = OpenPeakFile(path, failure)) {
-      mOpening.push_back(std::move(*document));
-      options.onChange();
-    } else {
-      mFailures.push_back(failure);
-      if (mFailureFunction) {
-        mFailureFunction(failure);
-      }
-    }
+    mOpening.emplace_back(path, options);
   }
   Tell(SessionChange::kFailures | SessionChange::kPeaks);
 }
@@ -184,16 +171,6 @@ void AudioSession::PollForChanges() {
   if (hasChanged) {
     TakeNews();
   }
-}
-
-void AudioSession::Export(ExportKind kind, std::string const& path) {
-  mExporter.Start(*this, kind, path);
-  Tell(SessionChange::kExport);
-}
-
-void AudioSession::DismissExport() {
-  mExporter.Dismiss();
-  Tell(SessionChange::kExport);
 }
 
 void AudioSession::ForgetFailures() {

@@ -2,19 +2,20 @@
 
 #include "audio/AudioSession.h"
 #include "audio/ChannelNames.h"
+#include "audio/LevelGrid.h"
 #include "audio/NamedColors.h"
 #include "program/AppearanceState.h"
 #include "program/HexColor.h"
 #include "program/Localized.h"
 #include "shell/Painting.h"
 
-#include <moxmediaui/AudioDataDrawBase.h>
 #include <moxui/scriber/Drawing.h>
 #include <moxui/ui/KeyboardEvent.h>
 #include <moxui/ui/MouseEvent.h>
 #include <moxui/ui/OS_Menu.h>
 
 #include <algorithm>
+#include <cmath>
 #include <optional>
 #include <string>
 
@@ -27,6 +28,9 @@ using moxui::ui::ThemeColorID;
 
 constexpr float kLowestLabel = 12.0f;
 constexpr float kMarkWidth = 4.0f;
+constexpr float kLevelHeight = 11.0f;
+// From the middle of a channel's name to that of a level beside it.
+constexpr float kNameHeight = 14.0f;
 
 }  // namespace
 
@@ -40,22 +44,45 @@ RectT<float> ChannelGutter::StripRect(std::size_t channel) const {
     return {0.0f, height * static_cast<float>(channel), own.width, height};
   }
   // As the renderer lays out: at the scale at which it draws, with the spare rows above or below.
-  double const screen = GetViewScaleFactor();
-  double const scale = settings.drawScale.value_or(screen);
-  int const rows = static_cast<int>(own.height * screen);
-  int strip = 0;
-  int stride = 0;
-  if (count < 1 || !moxmediaui::AudioDataDrawBase::CalculateVerticalChannelBounds(
-                       static_cast<int>(rows / scale), count, false, settings.centerlines, strip, stride)) {
+  auto const strips = Strips();
+  if (!strips) {
     return {};
   }
-  strip = static_cast<int>(strip * scale);
-  stride = static_cast<int>(stride * scale);
-  int const shift =
-      settings.alignBottom && !mSession.DrawsSamples() ? rows - ((count - 1) * stride + strip) : 0;
-  auto const pixels = static_cast<float>(screen);
-  return {0.0f, static_cast<float>(static_cast<int>(channel) * stride + shift) / pixels, own.width,
-          static_cast<float>(strip) / pixels};
+  auto const pixels = static_cast<float>(GetViewScaleFactor());
+  int const top = strips->top + static_cast<int>(channel) * strips->stride;
+  return {0.0f, static_cast<float>(top) / pixels, own.width, static_cast<float>(strips->height) / pixels};
+}
+
+std::optional<ChannelStrips> ChannelGutter::Strips() const {
+  double const screen = GetViewScaleFactor();
+  WaveformSettings const& settings = mSession.Settings();
+  int const rows = static_cast<int>(UI_GetLocalRectF(false).height * screen);
+  return LayOutStrips(settings, static_cast<int>(mSession.Current().ChannelCount()), rows,
+                      settings.drawScale.value_or(screen), mSession.DrawsSamples());
+}
+
+// The levels of the grid's lines, where neither the name nor another level stands already.
+void ChannelGutter::DrawLevels(moxui::scriber::Scriber* scriber, RectT<float> const& strip) const {
+  auto const strips = Strips();
+  if (!strips) {
+    return;
+  }
+  double const screen = GetViewScaleFactor();
+  WaveformSettings const& settings = mSession.Settings();
+  float const lowest = strip.Bottom() - kLowestLabel / 2.0f;
+  float const highest = strip.top + kLowestLabel / 2.0f;
+  float last = strip.top - kLowestLabel;
+  for (LevelLine const& line : LevelLines(settings, *strips, settings.drawScale.value_or(screen))) {
+    float const y = std::clamp(strip.top + (static_cast<float>(line.y) + 0.5f) / static_cast<float>(screen),
+                               highest, std::max(lowest, highest));
+    if (y - last < kLevelHeight || std::abs(y - strip.Center().y) < kNameHeight) {
+      continue;
+    }
+    last = y;
+    DrawLabel(scriber, To16(line.label),
+              Placed({0.0f, y - 10.0f, strip.width - kMarkWidth - 8.0f, 20.0f}, strip.width), Trailing(),
+              moxui::ui::FontIndex::kSmall, ThemeColor(ThemeColorID::kGray7));
+  }
 }
 
 std::size_t ChannelGutter::ItemCount() const {
@@ -104,6 +131,9 @@ void ChannelGutter::UI_Draw(moxui::scriber::Scriber* scriber) const {
                                    kMarkWidth, markHeight},
                                   strip.width),
                            enabled ? color : ThemeColor(ThemeColorID::kGray4));
+    if (!mSession.Settings().layered) {
+      DrawLevels(scriber, strip);
+    }
     // Names of thin strips would lie over each other: some are left out.
     float const middle = strip.Center().y;
     if (middle - last >= kLowestLabel) {

@@ -1,8 +1,10 @@
 #pragma once
 
+#include "audio/ChannelStrips.h"
 #include "shell/ItemControl.h"
 
 #include <cstddef>
+#include <optional>
 
 namespace playground {
 
@@ -37,6 +39,8 @@ class ChannelGutter : public ItemControl {
  private:
   void ItemPressed(std::size_t channel) override;
   void HoverChanged() override;
+  std::optional<ChannelStrips> Strips() const;
+  void DrawLevels(moxui::scriber::Scriber* scriber, moxui::RectT<float> const& strip) const;
   void GoTo(std::size_t channel);
   void OpenMenu(std::size_t channel);
 

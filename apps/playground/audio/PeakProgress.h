@@ -10,7 +10,6 @@
 namespace playground {
 
 class AudioSession;
-class ProgressBar;
 
 // How far the reading of sounds is, and what the user can do about it.
 struct ProgressReport {
@@ -40,6 +39,7 @@ class PeakProgress : public moxui::ui::UI_SubView {
   void UI_SizeChanged(moxui::RectT<float> const& rect) override;
 
  private:
+  class ProgressBar;
   void LayOut();
   void Act();
 

@@ -6,24 +6,38 @@
 namespace playground {
 
 double Viewport::WidestSamplesPerPixel() const {
-  return std::max(static_cast<double>(mFrames) / mWidth, mFinest);
+  return std::max(static_cast<double>(mFrames) / mWidth, 1.0 / kMostColumnsPerSample);
 }
 
 bool Viewport::ShowsAll() const {
   return mSamplesPerPixel >= WidestSamplesPerPixel();
 }
 
+// Samples go to whole columns, counted from the sound's start: the last column may reach beyond the sound,
+// and has to be within the view all the same.
+double Viewport::LastLeft() const {
+  double const frames = static_cast<double>(mFrames);
+  double const flush = frames - VisibleSamples();
+  if (flush <= 0.0) {
+    return 0.0;
+  }
+  double const firstColumn = std::trunc(std::max(frames - 1.0, 0.0) / mSamplesPerPixel) + 1.0 - mWidth;
+  double left = std::max(flush, firstColumn * mSamplesPerPixel);
+  while (std::trunc(left / mSamplesPerPixel) < firstColumn) {
+    left = std::nextafter(left, frames);
+  }
+  return left;
+}
+
 void Viewport::Set(double left, double samplesPerPixel) {
   if (!std::isfinite(left) || !std::isfinite(samplesPerPixel)) {
     return;
   }
-  mSamplesPerPixel = std::clamp(samplesPerPixel, mFinest, WidestSamplesPerPixel());
-  double const lastLeft = std::max(0.0, static_cast<double>(mFrames) - VisibleSamples());
-  mLeft = std::clamp(left, 0.0, lastLeft);
+  mSamplesPerPixel = std::clamp(samplesPerPixel, 1.0 / kMostColumnsPerSample, WidestSamplesPerPixel());
+  mLeft = std::clamp(left, 0.0, LastLeft());
 }
 
-void Viewport::SetFrames(std::int64_t frames, double finest) {
-  mFinest = finest;
+void Viewport::SetFrames(std::int64_t frames) {
   mFrames = std::max<std::int64_t>(frames, 0);
   ShowAll();
 }
@@ -53,7 +67,8 @@ void Viewport::ZoomAt(double column, double factor) {
     return;
   }
   double const sample = SampleAt(column);
-  double const samplesPerPixel = std::clamp(mSamplesPerPixel / factor, mFinest, WidestSamplesPerPixel());
+  double const samplesPerPixel =
+      std::clamp(mSamplesPerPixel / factor, 1.0 / kMostColumnsPerSample, WidestSamplesPerPixel());
   Set(sample - column * samplesPerPixel, samplesPerPixel);
 }
 

@@ -56,48 +56,6 @@ ColorRGBA SelectedChannelColorOf(WaveformSettings const& settings, WaveformPalet
                                   : palette.selectedWave;
 }
 
-std::vector<std::int32_t> AmplitudeGrid(WaveformSettings const& settings, int height, int channelCount,
-                                        double scale) {
-  std::vector<std::int32_t> positions;
-  int strip = 0;
-  int stride = 0;
-  if (settings.amplitudeDivisions < 1 || channelCount < 1 || !(scale > 0.0) ||
-      !moxmediaui::AudioDataDrawBase::CalculateVerticalChannelBounds(static_cast<int>(height / scale),
-                                                                     channelCount, settings.layered,
-                                                                     settings.centerlines, strip, stride)) {
-    return positions;
-  }
-  strip = static_cast<int>(strip * scale);
-  stride = settings.layered ? 0 : static_cast<int>(stride * scale);
-  // NOLINTNEXTLINE(bugprone-integer-division): the middle of the middle row
-  double const centre = strip / 2 + 0.5;
-  bool const bipolar = settings.peakStyle == PeakStyle::kBipolar;
-  // The renderer takes as many lines for each channel as the list has for all of them, so that every channel
-  // has the same number, in layers too.
-  for (int channel = 0; channel < channelCount; ++channel) {
-    for (int line = 1; line <= settings.amplitudeDivisions; ++line) {
-      double value = static_cast<double>(line) / (settings.amplitudeDivisions + 1);
-      if (settings.squareRoot) {
-        value = std::sqrt(value);
-      }
-      value *= settings.zoom;
-      if (bipolar) {
-        double const distance = value * centre;
-        positions.push_back(channel * stride + static_cast<int>(std::floor(centre - distance)));
-        positions.push_back(channel * stride + static_cast<int>(std::floor(centre + distance)));
-      } else {
-        positions.push_back(channel * stride + static_cast<int>(std::floor(strip - value * strip)));
-      }
-      // A line beyond the strip would lie in the neighbour's: put it where it isn't seen.
-      auto const begin = positions.end() - (bipolar ? 2 : 1);
-      std::replace_if(
-          begin, positions.end(),
-          [&](std::int32_t y) { return y < channel * stride || y >= channel * stride + strip; }, -1);
-    }
-  }
-  return positions;
-}
-
 std::vector<std::int32_t> TimeGrid(WaveformSettings const& settings, Viewport const& view, int sampleRate,
                                    double scale) {
   std::vector<std::int32_t> positions;

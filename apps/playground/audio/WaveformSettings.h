@@ -24,6 +24,9 @@ enum class PeakStyle { kBipolar, kRectified, kRectifiedFromZero };
 // Which data the picture is drawn from; automatic: samples once they can be told apart.
 enum class DetailChoice { kAutomatic, kPeaks, kSamples };
 
+// Instead of a number of lines of the level grid: one every 6 dB.
+inline constexpr int kDecibelGrid = -1;
+
 // Everything about a waveform picture that a user can set by hand, apart from the view and the selection.
 // What has no value follows the theme.
 struct WaveformSettings {
@@ -40,15 +43,17 @@ struct WaveformSettings {
   bool firstLayerStrong = false;
   PeakStyle peakStyle = PeakStyle::kBipolar;
   bool squareRoot = false;
+  bool rms = true;
+  bool clipMarks = true;
   bool sampleDots = true;
   DetailChoice detail = DetailChoice::kAutomatic;
-  RulerUnit rulerUnit = RulerUnit::kTime;
 
   bool centerlines = true;
   bool dividers = true;
+  RulerUnit rulerUnit = RulerUnit::kTime;
   bool timeGrid = true;
-  int timeGridSpacing = 0;     // logical pixels between two lines; 0: at the ruler's labels
-  int amplitudeDivisions = 0;  // lines between silence and full scale; 0: none
+  int timeGridSpacing = 0;                // logical pixels between two lines; 0: at the ruler's labels
+  int amplitudeDivisions = kDecibelGrid;  // lines between silence and full scale; 0: none
   bool alignBottom = false;
   std::optional<double> drawScale;  // nothing: the scale of the screen
 
@@ -80,9 +85,7 @@ moxui::ColorRGBA ChannelColorOf(WaveformSettings const& settings, WaveformPalett
 moxui::ColorRGBA SelectedChannelColorOf(WaveformSettings const& settings, WaveformPalette const& palette,
                                         std::size_t channel);
 
-// Where the grid lies in a picture of `width` by `height` device pixels drawn at `scale`.
-std::vector<std::int32_t> AmplitudeGrid(WaveformSettings const& settings, int height, int channelCount,
-                                        double scale);
+// Where the grid of times lies in a view drawn at `scale`, in device pixels.
 std::vector<std::int32_t> TimeGrid(WaveformSettings const& settings, Viewport const& view, int sampleRate,
                                    double scale);
 

@@ -1,6 +1,9 @@
 #include "audio/WaveformView.h"
 
 #include "audio/AudioSession.h"
+#include "audio/ChannelStrips.h"
+#include "audio/LevelGrid.h"
+#include "audio/LevelOverlay.h"
 #include "audio/TimeRuler.h"
 #include "audio/ViewDrag.h"
 #include "audio/WaveformFeed.h"
@@ -11,6 +14,7 @@
 #include "shell/DevicePixels.h"
 #include "shell/Painting.h"
 
+#include <moxaudiotoolkit/peaks/PeakPyramid.h>
 #include <moxcore/config/Errors.h>
 #include <moxui/scriber/Drawing.h>
 #include <moxui/scriber/Scriber.h>
@@ -42,7 +46,7 @@ constexpr float kFocusRingWidth = 2.0f;
 }  // namespace
 
 WaveformView::WaveformView(AudioSession& session)
-    : mSession(session), mFeed(std::make_unique<WaveformFeed>()) {
+    : mSession(session), mFeed(std::make_unique<WaveformFeed>([this] { UI_Invalidate(); })) {
   mCursor = session.Selection().Head();
 }
 
@@ -62,8 +66,10 @@ void WaveformView::PrepareDraw(Viewport const& view, int rows, float scale) cons
   Apply(settings, PaletteOf(CurrentAppearance().theme), mDraw);
   mDraw.SetViewRange(view.Left(), view.SamplesPerPixel());
   double const drawScale = settings.drawScale.value_or(scale);
-  mDraw.SetHorizontalGridlinePositions(
-      AmplitudeGrid(settings, rows, static_cast<int>(document.ChannelCount()), drawScale));
+  auto const channels = static_cast<int>(document.ChannelCount());
+  auto const strips = LayOutStrips(settings, channels, rows, drawScale, mSession.DrawsSamples());
+  mDraw.SetHorizontalGridlinePositions(strips ? AmplitudeGrid(settings, *strips, channels, drawScale)
+                                              : std::vector<std::int32_t>());
   mDraw.SetVerticalGridlinePositions(TimeGrid(settings, view, document.SampleRate(), scale));
   RectT<int> ignored;
   mDraw.SetSelection({0, 0, view.Width(), rows}, mSession.Selection().Left(), mSession.Selection().Width(),
@@ -107,7 +113,34 @@ void WaveformView::DrawWaveform(moxui::scriber::Scriber& scriber, Viewport const
   scriber.GetSurface()->FillRect({0.0f, 0.0f, static_cast<float>(view.Width()), static_cast<float>(rows)},
                                  mDraw.GetBackgroundColor());
   float const drawScale = static_cast<float>(mSession.Settings().drawScale.value_or(scale));
-  mDraw.Draw(&scriber, DataFor(view), {0, 0, view.Width(), rows}, drawScale);
+  auto const data = DataFor(view);
+  mDraw.Draw(&scriber, data, {0, 0, view.Width(), rows}, drawScale);
+  DrawOverlays(scriber, view, *data, rows, drawScale);
+}
+
+void WaveformView::DrawOverlays(moxui::scriber::Scriber& scriber, Viewport const& view, Data const& data,
+                                int rows, float drawScale) const {
+  WaveformSettings const& settings = mSession.Settings();
+  auto const strips = LayOutStrips(settings, static_cast<int>(mSession.Current().ChannelCount()), rows,
+                                   drawScale, mSession.DrawsSamples());
+  auto const& pyramid = mSession.Current().Pyramid();
+  bool const isGrowing = pyramid && !pyramid->IsComplete();
+  if (!strips || !(settings.rms || settings.clipMarks || isGrowing)) {
+    return;
+  }
+  WaveformPalette const palette = PaletteOf(CurrentAppearance().theme);
+  DrawnWaveform const drawn{
+      mDraw,        settings, palette,  data, mFeed->LevelsFor(mSession.Current(), view),
+      view.Width(), rows,     drawScale};
+  if (settings.rms) {
+    DrawRms(scriber, drawn);
+  }
+  if (settings.clipMarks) {
+    DrawClipMarks(scriber, drawn, *strips);
+  }
+  if (isGrowing) {
+    DrawUnread(scriber, drawn);
+  }
 }
 
 bool WaveformView::DrawOnLayer(moxui::scriber::Scriber& scriber, Viewport const& view, int rows,
@@ -177,6 +210,22 @@ float WaveformView::AmplitudeAt(std::size_t channel, int column) const {
   Viewport const& view = mSession.View();
   mDraw.SetViewRange(view.Left(), view.SamplesPerPixel());
   return mDraw.GetAmplitudeFromPixelOffset(channel, column, DataFor(view));
+}
+
+float WaveformView::RmsAt(std::size_t channel, int column) const {
+  if (!mSession.HasSound()) {
+    return 0.0f;
+  }
+  auto const& levels = mFeed->LevelsFor(mSession.Current(), mSession.View());
+  bool const isThere = column >= 0 && static_cast<std::size_t>(column) < levels.slots &&
+                       channel < mSession.Current().ChannelCount();
+  return isThere ? levels.rms[channel * levels.slots + static_cast<std::size_t>(column)] : 0.0f;
+}
+
+void WaveformView::Settle() {
+  DataFor(mSession.View());
+  mFeed->Settle();
+  UI_Invalidate();
 }
 
 void WaveformView::SelectionChanged() {

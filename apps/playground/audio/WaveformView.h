@@ -37,6 +37,10 @@ class WaveformView : public moxui::ui::UI_Node {
   void SetPlayFunction(std::function<void()> function) { mPlay = std::move(function); }
   // The amplitude that the picture shows at a column.
   float AmplitudeAt(std::size_t channel, int column) const;
+  // The root of the mean square of the samples of a column.
+  float RmsAt(std::size_t channel, int column) const;
+  // Waits for samples that are still being read.
+  void Settle();
 
   // The session has changed so.
   void SelectionChanged();
@@ -76,6 +80,8 @@ class WaveformView : public moxui::ui::UI_Node {
   bool DrawOnLayer(moxui::scriber::Scriber& scriber, Viewport const& view, int rows, float scale) const;
   // A column to each logical pixel, without a layer.
   void DrawInPlace(moxui::scriber::Scriber& scriber, Viewport view) const;
+  void DrawOverlays(moxui::scriber::Scriber& scriber, Viewport const& view, Data const& data, int rows,
+                    float drawScale) const;
   void DrawCursor(moxui::scriber::Scriber* scriber, Viewport const& view, float scale) const;
   void DrawFocus(moxui::scriber::Scriber* scriber) const;
   moxui::RectT<float> CursorRect(std::int64_t sample) const;

@@ -34,6 +34,7 @@ class Camera {
 
   bool Take(std::filesystem::path const& path) {
     mTree.PrepareFrame();
+    View().GetPage()->Settle();
     auto const target =
         moxui::platform::NewPaintTarget(static_cast<int>(std::lround(kPictureWidth * mScale)),
                                         static_cast<int>(std::lround(kPictureHeight * mScale)), mScale);

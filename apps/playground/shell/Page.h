@@ -8,10 +8,6 @@
 #include <string_view>
 #include <vector>
 
-namespace moxui::platform {
-struct FileRequest;
-}
-
 namespace playground {
 
 class AudioSession;
@@ -22,6 +18,8 @@ class Transport;
 class Page : public moxui::ui::UI_SubView {
  public:
   virtual void ShowState(std::size_t state) = 0;
+  // Waits for what other threads still make for its picture.
+  virtual void Settle() {}
   // How far the page is scrolled down, where it scrolls.
   virtual float GetScrollOffset() const { return 0.0f; }
   virtual void SetScrollOffset(float) {}
@@ -34,8 +32,6 @@ struct PageContext {
   AudioSession& audio;
   Transport& transport;
   EventLog& log;
-  // Asks the user for the name of a file to write; empty when there is none to be.
-  std::function<std::string(moxui::platform::FileRequest request)> askWhereToSave = {};
 };
 
 // A state of a page: its name for files, and its title as a literal.

@@ -4,7 +4,6 @@
 #include "shell/ProgramState.h"
 
 #include <functional>
-#include <string>
 
 namespace moxui::platform {
 struct FileRequest;
@@ -30,9 +29,7 @@ class Shell {
   void SetAppearance(Appearance const& appearance);
   // Asks for files and opens them. Does nothing without a platform to ask with.
   void AskForFiles();
-  // Asks where to write a file; empty when the user gave up, and without a platform to ask with.
-  std::string AskWhereToSave(moxui::platform::FileRequest request) const;
-  // What AskForFiles asks with.
+  // What it asks with.
   moxui::platform::FileRequest RequestForFiles() const;
 
   // Called after the appearance became another one, the scale included.

@@ -15,6 +15,7 @@
 
 #include <atomic>
 #include <chrono>
+#include <cstdint>
 #include <filesystem>
 #include <fstream>
 #include <memory>
@@ -112,6 +113,18 @@ TEST_F(AudioPeaks, PictureGrowsWithWhatHasBeenRead) {
   EXPECT_GT(amplitude(kPage), 0.4f);
   EXPECT_EQ(amplitude(7 * kPage), 0.0f);
   auto const half = Picture();
+  auto const& waveform = program.Audio().Waveform();
+  moxui::RectT<int> const rect(waveform.UI_ConvertRectTo(nullptr, waveform.UI_GetLocalRectF(false)));
+  auto const column = [&](double share) {
+    std::vector<std::uint8_t> bytes;
+    for (int y = rect.top; y < rect.Bottom(); ++y) {
+      auto const x = rect.left + static_cast<int>(share * rect.width);
+      auto const at = (static_cast<std::ptrdiff_t>(y) * half.width + x) * 4;
+      bytes.insert(bytes.end(), half.bytes.begin() + at, half.bytes.begin() + at + 4);
+    }
+    return bytes;
+  };
+  EXPECT_NE(column(0.3), column(0.8)) << "silence that was read looks otherwise than what wasn't";
   sound->OpenAll();
   Session().WaitForPeaks();
   EXPECT_GT(amplitude(7 * kPage), 0.4f);

@@ -3,10 +3,12 @@
 #include "audio/PropertyPanel.h"
 #include "audio/PropertyRow.h"
 #include "audio/WaveformView.h"
+#include "playground/MadeUpSound.h"
 #include "playground/StagedProgram.h"
 #include "program/HexColor.h"
 #include "program/Localized.h"
 
+#include <moxaudiotoolkit/peaks/PeakBuilder.h>
 #include <moxmediaui/WaveformDraw.h>
 #include <moxui/controls/UI_Checkbox.h>
 #include <moxui/controls/UI_Slider.h>
@@ -18,6 +20,7 @@
 
 #include <functional>
 #include <map>
+#include <memory>
 #include <set>
 #include <string>
 #include <variant>
@@ -94,6 +97,14 @@ Property FindProperty(AudioSession& session, std::string_view id) {
 // A state in which a property can be worked; what some need besides.
 void Prepare(StagedProgram& program, std::string_view id, State state) {
   program.Audio().ShowState(state);
+  if (id == "clipMarks" && state == kWhole) {
+    auto const sound = std::make_shared<MadeUpSound>(
+        moxaudiotoolkit::SampleSourceProperties{.frames = 48000, .sampleRate = 48000, .channelCount = 1},
+        MadeUpSound::Clicks{{24000, 1.0f}});
+    moxaudiotoolkit::PeakBuilder builder(sound);
+    builder.Wait();
+    program.Session().AddDocument({"clipped", sound, builder.GetPyramid()});
+  }
   program.Session().ChangeSettings([id](WaveformSettings& settings) {
     if (id == "gainWholeRange") {
       settings.gainDecibel = 12.0;

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+#include <cstdint>
 #include <limits>
 
 namespace playground {
@@ -106,6 +108,21 @@ TEST(Viewport, ScrollsNoFurtherThanASampleNeeds) {
   EXPECT_DOUBLE_EQ(view.Left(), 1100.0);
   view.Reveal(900.0);
   EXPECT_DOUBLE_EQ(view.Left(), 900.0);
+}
+
+TEST(Viewport, HasTheLastSampleWithinItsColumnsAtTheEnd) {
+  for (std::int64_t const frames : {48001LL, 99991LL, 16588800001LL}) {
+    Viewport view = Whole(frames, 480);
+    for (double const samplesPerPixel : {0.3, 1.0, 7.7, 13.0}) {
+      view.Show(0.0, samplesPerPixel * 480.0);
+      view.ScrollTo(1e12);
+      double const spp = view.SamplesPerPixel();
+      double const column = std::trunc(static_cast<double>(frames - 1) / spp) - std::trunc(view.Left() / spp);
+      EXPECT_LE(column, 479.0);
+      EXPECT_GE(column, 480.0 - std::ceil(1.0 / spp));
+      EXPECT_LE(view.Left() + view.VisibleSamples(), static_cast<double>(frames) + spp);
+    }
+  }
 }
 
 TEST(Viewport, CopesWithNoSoundAndWithOneSample) {

@@ -70,9 +70,9 @@ moxmediaui::WaveformDraw RmsDraw(moxmediaui::WaveformDraw const& like, ColorRGBA
 
 using PixelRows = std::vector<std::uint32_t>;
 
-PixelRows PaintRms(DrawnWaveform const& drawn, std::shared_ptr<waveform::WaveformData> const& pairs,
-                   ColorRGBA const& ground) {
-  PixelRows pixels(static_cast<std::size_t>(drawn.columns) * static_cast<std::size_t>(drawn.rows));
+void PaintRms(DrawnWaveform const& drawn, std::shared_ptr<waveform::WaveformData> const& pairs,
+              ColorRGBA const& ground, PixelRows& pixels) {
+  pixels.resize(static_cast<std::size_t>(drawn.columns) * static_cast<std::size_t>(drawn.rows));
   auto const surface = moxui::scriber::NewRasterSurfaceOver(pixels.data(), drawn.columns, drawn.rows,
                                                             drawn.columns * 4, 1.0f, true);
   if (surface) {
@@ -81,7 +81,6 @@ PixelRows PaintRms(DrawnWaveform const& drawn, std::shared_ptr<waveform::Wavefor
     moxui::scriber::Scriber scriber(moxui::scriber::GetRasterSupplier(), surface.Get());
     RmsDraw(drawn.draw, ground).Draw(&scriber, pairs, rect, drawn.scale);
   }
-  return pixels;
 }
 
 }  // namespace
@@ -96,23 +95,25 @@ ColorRGBA ClipColorOn(ColorRGBA const& ground) {
   return ContrastOf(bright, ground) >= ContrastOf(deep, ground) ? bright : deep;
 }
 
-void DrawRms(moxui::scriber::Scriber& scriber, DrawnWaveform const& drawn) {
+void DrawRms(moxui::scriber::Scriber& scriber, DrawnWaveform const& drawn, RmsPixels& pixels) {
   if (drawn.data.GetType() != waveform::WaveformDataType::kPeaks || drawn.settings.layered ||
       drawn.levels.rms.size() * 2 != drawn.data.GetWaveformBuffer().size()) {
     return;
   }
   // What looks the same on black and on white is all RMS: no ground, and no edge that lets it through.
   auto const pairs = RmsPairs(drawn.data, drawn.levels);
-  auto pixels = std::make_unique<PixelRows>(PaintRms(drawn, pairs, {0.0f, 0.0f, 0.0f, 1.0f}));
-  PixelRows const onWhite = PaintRms(drawn, pairs, {1.0f, 1.0f, 1.0f, 1.0f});
-  for (std::size_t i = 0; i < onWhite.size(); ++i) {
-    (*pixels)[i] = (*pixels)[i] == onWhite[i] ? onWhite[i] : 0u;
+  // An image that somebody keeps keeps its pixels.
+  if (!pixels.shown || pixels.shown.use_count() > 1) {
+    pixels.shown = std::make_shared<PixelRows>();
   }
-  PixelRows* const kept = pixels.release();
-  auto const image = scriber.GetSupplier()->NewImage(
-      drawn.columns, drawn.rows, drawn.columns * 4, moxui::scriber::PixelFormat::kBGRA32Straight,
-      kept->data(),
-      [kept](void*) { delete kept; });  // NOLINT(cppcoreguidelines-owning-memory): the image's from here on
+  PaintRms(drawn, pairs, {0.0f, 0.0f, 0.0f, 1.0f}, *pixels.shown);
+  PaintRms(drawn, pairs, {1.0f, 1.0f, 1.0f, 1.0f}, pixels.onWhite);
+  std::transform(
+      pixels.shown->begin(), pixels.shown->end(), pixels.onWhite.begin(), pixels.shown->begin(),
+      [](std::uint32_t onBlack, std::uint32_t onWhite) { return onBlack == onWhite ? onBlack : 0u; });
+  auto const image = scriber.GetSupplier()->NewImage(drawn.columns, drawn.rows, drawn.columns * 4,
+                                                     moxui::scriber::PixelFormat::kBGRA32Straight,
+                                                     pixels.shown->data(), [kept = pixels.shown](void*) {});
   if (image) {
     scriber.GetSurface()->DrawImage(*image, moxui::PointT<float>{0.0f, 0.0f}, 1.0f);
   }

@@ -3,7 +3,9 @@
 #include <moxaudiotoolkit/waveform/QueryPyramid.h>
 #include <moxui/geometry/ColorRGBA.h>
 
+#include <cstdint>
 #include <memory>
+#include <vector>
 
 namespace moxmediaui {
 class WaveformDraw;
@@ -17,6 +19,13 @@ namespace playground {
 struct ChannelStrips;
 struct WaveformPalette;
 struct WaveformSettings;
+
+// Pixels to paint RMS on, kept from one frame to the next: fresh memory for them would take longer than the
+// painting.
+struct RmsPixels {
+  std::shared_ptr<std::vector<std::uint32_t>> shown;
+  std::vector<std::uint32_t> onWhite;
+};
 
 // A picture of a waveform, over which more is drawn.
 struct DrawnWaveform {
@@ -33,7 +42,7 @@ struct DrawnWaveform {
 // The RMS of each column within its peaks, in a tone between the wave's and the ground's. Everything that
 // becomes of the peaks (zoom, gain, fade, style, selection) becomes of it. Where single samples are drawn, or
 // channels in layers, there is none.
-void DrawRms(moxui::scriber::Scriber& scriber, DrawnWaveform const& waveform);
+void DrawRms(moxui::scriber::Scriber& scriber, DrawnWaveform const& waveform, RmsPixels& pixels);
 
 // A mark at the top of its strip for each column in which a channel clips.
 void DrawClipMarks(moxui::scriber::Scriber& scriber, DrawnWaveform const& waveform,

@@ -133,7 +133,7 @@ void WaveformView::DrawOverlays(moxui::scriber::Scriber& scriber, Viewport const
       mDraw,        settings, palette,  data, mFeed->LevelsFor(mSession.Current(), view),
       view.Width(), rows,     drawScale};
   if (settings.rms) {
-    DrawRms(scriber, drawn);
+    DrawRms(scriber, drawn, mRmsPixels);
   }
   if (settings.clipMarks) {
     DrawClipMarks(scriber, drawn, *strips);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "audio/LevelOverlay.h"
+
 #include <moxmediaui/WaveformDraw.h>
 #include <moxui/ui/UI_Node.h>
 
@@ -91,6 +93,7 @@ class WaveformView : public moxui::ui::UI_Node {
   std::function<void()> mPlay;
   mutable moxmediaui::WaveformDraw mDraw;
   std::unique_ptr<WaveformFeed> mFeed;
+  mutable RmsPixels mRmsPixels;
   Drag mDrag = Drag::kNone;
   std::unique_ptr<ViewDrag> mStep;  // of the drag
   float mDragX = 0.0f;

@@ -18,8 +18,8 @@ using moxui::platform::Pixels;
 using moxui::ui::KeyboardCode;
 using moxui::ui::ThemeID;
 
-constexpr moxui::ExtentT<float> kSize{152, 36};
-constexpr RectT<float> kField{42, 6, 80, 24};
+constexpr moxui::ExtentT<float> kSize{184, 36};
+constexpr RectT<float> kField{58, 6, 104, 24};
 
 /// A bracket that stands for an in point.
 moxmediaui::ImageP MakeSymbol() {

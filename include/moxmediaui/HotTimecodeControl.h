@@ -276,6 +276,7 @@ class UI_HotTimecodeControl : public moxcore::messaging::Listener,
   bool mHasOwnFocus = false;    ///< the field itself rather than its edit
   bool mSteppedByKeys = false;  ///< since it got it
   bool mEditOpenedByKey = false;
+  bool mTextIsBehind = false;  ///< a step is being told, and the edit has the text from before it
 };
 
 }  // namespace moxmediaui

@@ -109,14 +109,16 @@ void UI_HotTimecodeControl::SetVerticalSymbolOffset(int offset) {
 
 PointT<float> UI_HotTimecodeControl::SymbolPosition() const {
   RectT<float> const rect = UI_GetLocalRectF(moxui::ui::RectSpace::kParent);
-  auto const vertical = static_cast<float>(mVerticalSymbolOffset);
-  auto const rightward = static_cast<float>(std::max(mHorizontalSymbolOffset, 0));
-  float const top = std::trunc(0.5f * rect.height - static_cast<float>(mSymbolHeight / 2) + vertical);
+  int const halfWidth = mSymbolWidth / 2;
+  int const halfHeight = mSymbolHeight / 2;
+  float const top = std::trunc(0.5f * rect.height - static_cast<float>(halfHeight) +
+                               static_cast<float>(mVerticalSymbolOffset));
+  bool const isMovedOn = mHorizontalSymbolOffset > 0;
+  float const offset = isMovedOn ? static_cast<float>(mHorizontalSymbolOffset) : 0.0f;
   if (mSymbolOnLeft) {
-    return {std::trunc(-0.5f * rect.width) + rightward, top};
+    return {std::trunc(-0.5f * rect.width) + offset, top};
   }
-  float const half = mHorizontalSymbolOffset > 0 ? static_cast<float>(mSymbolWidth / 2) : 0.0f;
-  return {std::trunc(half + rightward + rect.width), top};
+  return {std::trunc((isMovedOn ? static_cast<float>(halfWidth) : 0.0f) + offset + rect.width), top};
 }
 
 // Colours

@@ -41,7 +41,9 @@ void UI_HotTimecodeControl::OpenEdit(bool byKey) {
 }
 
 void UI_HotTimecodeControl::EndEdit() {
-  mModel.SetText(mTextEdit->GetValue());
+  if (!mTextIsBehind) {
+    mModel.SetText(mTextEdit->GetValue());
+  }
   SetInlineTextStringFromTimecode();
   if (std::exchange(mIsScrubbing, false)) {
     if (mCursorHidden) {
@@ -58,7 +60,8 @@ void UI_HotTimecodeControl::EndEdit() {
 void UI_HotTimecodeControl::UI_FocusChanged(FocusChangeReason reason) {
   IntrusivePtr<UI_Node> const self(this);
   if (IsLoss(reason)) {
-    bool const hadFocus = std::exchange(mHasOwnFocus, false);
+    // Where a drag is cut off, or the window rests, the focus itself stays.
+    bool const hadFocus = std::exchange(mHasOwnFocus, UI_HasKeyboardFocus(true));
     bool const wasStepped = std::exchange(mSteppedByKeys, false);
     if (!hadFocus || wasStepped || mIsScrubbing || mTextEdit->UI_IsShown()) {
       EndEdit();

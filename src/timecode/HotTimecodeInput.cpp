@@ -183,7 +183,9 @@ void UI_HotTimecodeControl::IncrementTimecode(int count, Flags<unsigned char> mo
   using StepSize = TimecodeModel::StepSize;
   if (mModel.Increment(count, mods.Has(ModKey::kShift) ? StepSize::kLarge : StepSize::kFrames)) {
     IntrusivePtr<UI_Node> const self(this);
+    mTextIsBehind = true;  // a listener that ends the drag mustn't have the old text read
     BroadcastChangingMessage();
+    mTextIsBehind = false;
     SetInlineTextStringFromTimecode();
   }
 }

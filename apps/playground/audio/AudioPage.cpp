@@ -266,6 +266,7 @@ void AudioPage::DocumentChanged() {
   bool const shows = mSession.CurrentIndex() < mSession.Documents().size();
   mSounds->SetValue(shows ? static_cast<std::int64_t>(mSession.CurrentIndex()) : none);
   mSummary->SetValue(To16(mSession.Current().Summary()));
+  mSummary->UI_SetToolTip(moxcore::Utf8String(mSession.Current().Summary()), 400);
   mPanel->SetGroups(AudioProperties(mSession, CurrentAppearance().theme));
   for (moxui::ui::UI_Node* const aboutSound : std::initializer_list<moxui::ui::UI_Node*>{
            mRuler.Get(), mGutter.Get(), mOverview.Get(), mPlayback.Get()}) {

@@ -194,14 +194,16 @@ std::vector<RulerTick> RulerTicks(Viewport const& view, int sampleRate, RulerSty
   }
   constexpr double kRounding = 1e-6;
   Ticks const fitting = FittingTicks(view, sampleRate, style);
-  auto index = fitting.IndexAt(static_cast<std::int64_t>(std::floor(view.Left())));
-  for (double column = fitting.ColumnOf(index); column <= view.Width() + kRounding;
-       column = fitting.ColumnOf(++index)) {
+  auto const first = fitting.IndexAt(static_cast<std::int64_t>(std::floor(view.Left())));
+  for (auto index = first;; ++index) {
+    double const column = fitting.ColumnOf(index);
+    if (column > view.Width() + kRounding) {
+      return ticks;
+    }
     if (column >= -kRounding) {
       ticks.push_back({column, fitting.HasLabel(index) ? fitting.LabelOf(index) : std::string()});
     }
   }
-  return ticks;
 }
 
 }  // namespace playground

@@ -10,7 +10,7 @@
 namespace playground {
 
 // What a ruler counts.
-enum class RulerUnit { kTime, kSamples };
+enum class RulerUnit : std::uint8_t { kTime, kSamples };
 
 struct RulerStyle {
   RulerUnit unit = RulerUnit::kTime;

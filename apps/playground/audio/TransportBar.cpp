@@ -165,7 +165,7 @@ void TransportBar::TransportChanged() {
 }
 
 std::string TransportBar::StatusText() const {
-  std::string const trouble = mTransport.TroubleText();
+  std::string trouble = mTransport.TroubleText();
   double const speed = mTransport.Speed();
   if (!trouble.empty() || speed == 1.0) {
     return trouble;

@@ -1,8 +1,8 @@
 #include "controls/ControlPages.h"
 
+#include "audio/TransportIcons.h"
 #include "controls/ControlKeys.h"
 #include "controls/ControlPage.h"
-#include "controls/SampleIcon.h"
 #include "controls/SampleState.h"
 #include "controls/ScrollSample.h"
 #include "program/Localized.h"
@@ -61,14 +61,14 @@ Control TextButton(bool isDefault, bool toggles) {
 
 Control PictureButton() {
   auto button = MakeIntrusive<Named<UI_PictureButton>>(Text("$$$/playground/sample/play=Play"));
-  button->SetImageSupplyFunction(SampleIcon());
+  button->SetImageSupplyFunction(IconOf(TransportIcon::kPlay));
   return Focusable(std::move(button));
 }
 
 Control PictureTextButton() {
   auto button = MakeIntrusive<UI_PictureTextButton>();
   button->SetTextLabel(Text16("$$$/playground/sample/play=Play"));
-  button->SetImageSupplyFunction(SampleIcon());
+  button->SetImageSupplyFunction(IconOf(TransportIcon::kPlay));
   return Focusable(std::move(button));
 }
 

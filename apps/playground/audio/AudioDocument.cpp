@@ -1,6 +1,7 @@
 #include "audio/AudioDocument.h"
 
 #include "audio/TimeRuler.h"
+#include "audio/Viewport.h"
 #include "program/Localized.h"
 #include "program/NumberText.h"
 
@@ -74,7 +75,16 @@ double AudioDocument::Duration() const {
   return ChannelCount() == 0 ? 0.0 : static_cast<double>(Frames()) / SampleRate();
 }
 
+double AudioDocument::FinestZoom() const {
+  // Peaks alone tell nothing of what lies between them.
+  return mPyramid && !mSource ? mPyramid->GetFormat().samplesPerPoint : 1.0 / Viewport::kMostColumnsPerSample;
+}
+
 std::string AudioDocument::FormatName() const {
+  if (mPyramid && !mSource) {
+    return Text("$$$/playground/audio/peaksOnly=Peaks without a sound, one for @0 samples",
+                {std::to_string(mPyramid->GetFormat().samplesPerPoint)});
+  }
   std::string const format = PropertiesOf(mSource.get(), mPyramid.get()).format;
   return format.empty() ? Text("$$$/playground/audio/demoFormat=Synthesised") : format;
 }

@@ -58,6 +58,9 @@ class AudioDocument {
   double Duration() const;         // seconds
   std::string FormatName() const;  // container and encoding in words, as the file's reader calls them
 
+  // The fewest samples to a column that a picture of it has any use for.
+  double FinestZoom() const;
+
   // How far the peaks are.
   State CurrentState() const { return mState; }
   double Progress() const;  // from 0 to 1

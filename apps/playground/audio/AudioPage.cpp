@@ -5,6 +5,7 @@
 #include "audio/ChannelGutter.h"
 #include "audio/EditBar.h"
 #include "audio/EditKeys.h"
+#include "audio/ExportBar.h"
 #include "audio/OverviewBar.h"
 #include "audio/PeakProgress.h"
 #include "audio/PropertyPanel.h"
@@ -45,6 +46,7 @@ constexpr float kOverviewHeight = 40.0f;
 constexpr float kLineHeight = 20.0f;
 constexpr float kSoundsWidth = 220.0f;
 constexpr float kDismissWidth = 88.0f;
+constexpr float kNoticeHeight = 32.0f;
 // How often files are looked at whether they have changed, in milliseconds.
 constexpr int kPollTimer = 1;
 constexpr float kPollPeriod = 1000.0f;
@@ -59,7 +61,10 @@ float OnGrid(float value) {
 }  // namespace
 
 AudioPage::AudioPage(PageContext const& context)
-    : mSession(context.audio), mTransport(context.transport), mLog(context.log) {
+    : mSession(context.audio),
+      mTransport(context.transport),
+      mLog(context.log),
+      mAskWhereToSave(context.askWhereToSave) {
   std::string const soundsName = Text("$$$/playground/audio/sounds=Sound");
   mSounds = MakeIntrusive<Named<UI_Popup>>(soundsName);
   mSounds->SetItemCheckStyle(moxui::controls::ItemCheckStyle::kCurrent);
@@ -73,7 +78,14 @@ AudioPage::AudioPage(PageContext const& context)
   mFailure->SetTextTruncation(moxui::controls::TextTruncation::kMiddle);
   mDismiss = MakeIntrusive<UI_TextButton>(Text16("$$$/playground/audio/dismiss=Dismiss"));
   mDismiss->SetWantsKeyboardFocus(true);
-  mEdit = MakeIntrusive<EditBar>(mSession);
+  using moxcore::utility::RefCountedWeakPtr;
+  mEdit = MakeIntrusive<EditBar>(mSession, [weak = RefCountedWeakPtr<AudioPage>(this)](ExportKind kind) {
+    if (auto const page = weak.Lock()) {
+      page->AskAndExport(kind);
+    }
+  });
+  mExport = MakeIntrusive<ExportBar>(mSession);
+  mExport->SetEndFunction([&log = mLog](std::string const& sentence) { log.Add(sentence); });
   mGutter = MakeIntrusive<ChannelGutter>(mSession);
   mRuler = MakeIntrusive<TimeRulerView>(mSession);
   mWaveform = MakeIntrusive<WaveformView>(mSession);
@@ -87,14 +99,15 @@ AudioPage::AudioPage(PageContext const& context)
   mHint->SetFontIndex(FontIndex::kSmall);
   mHint->SetAlignment(Leading());
   mHint->SetTextTruncation(moxui::controls::TextTruncation::kEnd);
-  mHint->UI_SetToolTip(moxcore::Utf8String(Text(
-                           "$$$/playground/audio/keys=Space plays and pauses, J, K and L shuttle, R loops\\n"
-                           "Left and right move the cursor, Ctrl farther, Shift selects\\nHome and End go "
-                           "to the ends, pages scroll, up and down change the level\\nPlus and minus zoom, F "
-                           "shows all, Z the selection and again what was before\\nEscape stops, then "
-                           "selects nothing\\nCtrl+Z undoes, Ctrl+Shift+Z or Ctrl+Y redoes\\n1 to 9 switch "
-                           "channels off and on")),
-                       400);
+  mHint->UI_SetToolTip(
+      moxcore::Utf8String(Text(
+          "$$$/playground/audio/keys=Space plays and pauses, J, K and L shuttle, R loops\\n"
+          "Left and right move the cursor, Ctrl farther, Shift selects\\nHome and End go "
+          "to the ends, pages scroll, up and down change the level\\nPlus and minus zoom, F "
+          "shows all, Z the selection and again what was before\\nEscape stops, then "
+          "selects nothing\\nCtrl+Z undoes, Ctrl+Shift+Z or Ctrl+Y redoes, Ctrl+E exports\\n1 to 9 switch "
+          "channels off and on")),
+      400);
   mProgress = MakeIntrusive<PeakProgress>(mSession);
   mPanel = MakeIntrusive<PropertyPanel>();
 
@@ -104,6 +117,7 @@ AudioPage::AudioPage(PageContext const& context)
         {mEdit},
         {mFailure},
         {mDismiss},
+        {mExport},
         {mGutter},
         {mRuler},
         {mWaveform},
@@ -123,7 +137,6 @@ AudioPage::AudioPage(PageContext const& context)
     page.mSession.ShowDocument(std::min(item, page.mSession.Documents().size()));
   });
   WhenChanged(*mDismiss, this, [](AudioPage& page) { page.mSession.ForgetFailures(); });
-  using moxcore::utility::RefCountedWeakPtr;
   mWaveform->SetHoverFunction([weak = RefCountedWeakPtr<AudioPage>(this)](std::optional<int> column) {
     if (auto const page = weak.Lock()) {
       page->mHoveredColumn = column;
@@ -170,8 +183,22 @@ EditBar& AudioPage::Edit() const {
   return *mEdit;
 }
 
+ExportBar& AudioPage::Exporting() const {
+  return *mExport;
+}
+
 bool AudioPage::HandleShortcut(moxui::ui::KeyboardEvent const& event) {
-  return HandleEditKey(mSession, event);
+  return HandleEditKey(mSession, event, [this] { AskAndExport(ExportKind::kWave); });
+}
+
+void AudioPage::AskAndExport(ExportKind kind) {
+  if (CanExport(mSession, kind) && mAskWhereToSave) {
+    moxcore::utility::IntrusivePtr<AudioPage> const alive(this);  // anything may happen meanwhile
+    std::string const path = mAskWhereToSave(RequestForExport(mSession, kind));
+    if (!path.empty()) {
+      mSession.Export(kind, path);
+    }
+  }
 }
 
 float AudioPage::GetScrollOffset() const {
@@ -231,7 +258,7 @@ void AudioPage::SessionChanged(SessionChanges changes) {
     DocumentChanged();
     return;
   }
-  if (changes.Has(SessionChange::kFailures)) {
+  if (changes.HasAny(SessionChange::kFailures | SessionChange::kExport)) {
     LayOut();
     UI_Invalidate();
   }
@@ -329,9 +356,15 @@ std::string AudioPage::FailureText() const {
                                      {first, std::to_string(failures.size() - 1)});
 }
 
+// Of the lines about failures and exports.
+float AudioPage::NoticesHeight() const {
+  return (mSession.Failures().empty() ? 0.0f : kNoticeHeight) +
+         (mSession.Exports().Current() == nullptr ? 0.0f : kNoticeHeight);
+}
+
 RectT<float> AudioPage::WaveformFrame() const {
   RectT<float> const own = UI_GetLocalRectF(false);
-  float const top = 8.0f + 24.0f + 8.0f + (mSession.Failures().empty() ? 0.0f : 32.0f) + kRulerHeight;
+  float const top = 8.0f + 24.0f + 8.0f + NoticesHeight() + kRulerHeight;
   float const bottom =
       own.height - 4.0f - 2.0f * kLineHeight - 4.0f - ControlHeight() - 8.0f - kOverviewHeight - 8.0f;
   float const left = kPanelPadding + kGutterWidth;
@@ -363,6 +396,9 @@ void AudioPage::LayOut() {
   mFailure->UI_SetToolTip(moxcore::Utf8String(FailureText()), 400);
   place(*mFailure, {kPanelPadding + 8.0f, 40.0f, mainRight - kPanelPadding - kDismissWidth - 16.0f, 24.0f});
   place(*mDismiss, {mainRight - kDismissWidth - 4.0f, 42.0f, kDismissWidth, 20.0f});
+
+  mExport->UI_Show(mExport->Update());
+  place(*mExport, {kPanelPadding, failed ? 40.0f + kNoticeHeight : 40.0f, mainRight - kPanelPadding, 24.0f});
 
   RectT<float> const wave = WaveformFrame();
   place(*mRuler, {wave.left, wave.top - kRulerHeight, wave.width, kRulerHeight});

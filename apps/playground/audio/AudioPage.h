@@ -15,6 +15,8 @@ namespace playground {
 
 class ChannelGutter;
 class EditBar;
+class ExportBar;
+enum class ExportKind;
 class OverviewBar;
 class PeakProgress;
 class PropertyPanel;
@@ -44,6 +46,7 @@ class AudioPage : public Page {
   PeakProgress& Progress() const;
   EditBar& Edit() const;
   TransportBar& Playback() const;
+  ExportBar& Exporting() const;
   moxui::controls::UI_Popup& Sounds() const { return *mSounds; }
   // What the line about failures says; empty when there are none.
   std::string FailureText() const;
@@ -63,6 +66,8 @@ class AudioPage : public Page {
   bool HandleShortcut(moxui::ui::KeyboardEvent const& event) override;
 
  private:
+  void AskAndExport(ExportKind kind);
+  float NoticesHeight() const;
   void SessionChanged(SessionChanges changes);
   void DocumentChanged();
   void LayOut();
@@ -78,11 +83,13 @@ class AudioPage : public Page {
   AudioSession& mSession;
   Transport& mTransport;
   EventLog& mLog;
+  std::function<std::string(moxui::platform::FileRequest request)> mAskWhereToSave;
   moxcore::utility::IntrusivePtr<moxui::controls::UI_Popup> mSounds;
   moxcore::utility::IntrusivePtr<moxui::controls::UI_StaticText> mSummary;
   moxcore::utility::IntrusivePtr<moxui::controls::UI_StaticText> mFailure;
   moxcore::utility::IntrusivePtr<moxui::controls::UI_TextButton> mDismiss;
   moxcore::utility::IntrusivePtr<EditBar> mEdit;
+  moxcore::utility::IntrusivePtr<ExportBar> mExport;
   moxcore::utility::IntrusivePtr<ChannelGutter> mGutter;
   moxcore::utility::IntrusivePtr<TimeRulerView> mRuler;
   moxcore::utility::IntrusivePtr<WaveformView> mWaveform;

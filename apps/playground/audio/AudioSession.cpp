@@ -1,5 +1,7 @@
 #include "audio/AudioSession.h"
 
+#include "audio/PeakFile.h"
+
 #include <utility>
 
 namespace playground {
@@ -15,7 +17,7 @@ AudioDocument const& AudioSession::Current() const {
 }
 
 bool AudioSession::DrawsSamples() const {
-  return HasSound() && mSettings.detail != DetailChoice::kPeaks &&
+  return Current().Source() && HasSound() && mSettings.detail != DetailChoice::kPeaks &&
          (mSettings.detail == DetailChoice::kSamples || mView.SamplesPerPixel() < 1.0);
 }
 
@@ -24,7 +26,7 @@ void AudioSession::Begin(std::size_t index) {
   mCurrent = index;
   AudioDocument const& document = Current();
   std::int64_t const frames = document.Frames();
-  mView.SetFrames(frames);
+  mView.SetFrames(frames, document.FinestZoom());
   mSelection.SetFrames(frames);
   mSettings.SetChannelCount(document.ChannelCount());
   mSettings.fadeStart = 0;
@@ -65,8 +67,19 @@ void AudioSession::OpenFiles(std::vector<std::string> const& paths) {
   mShowsNextOpened = true;
   moxaudiotoolkit::FilePeaksOptions options = mPeaksOptions;
   options.onChange = mBell.Rope();
+  OpenFailure failure;
   for (std::string const& path : paths) {
-    mOpening.emplace_back(path, options);
+    if (!IsPeakFile(path)) {
+      mOpening.emplace_back(path, options);
+    } else if (auto document = OpenPeakFile(path, failure)) {
+      mOpening.push_back(std::move(*document));
+      options.onChange();
+    } else {
+      mFailures.push_back(failure);
+      if (mFailureFunction) {
+        mFailureFunction(failure);
+      }
+    }
   }
   Tell(SessionChange::kFailures | SessionChange::kPeaks);
 }
@@ -171,6 +184,16 @@ void AudioSession::PollForChanges() {
   if (hasChanged) {
     TakeNews();
   }
+}
+
+void AudioSession::Export(ExportKind kind, std::string const& path) {
+  mExporter.Start(*this, kind, path);
+  Tell(SessionChange::kExport);
+}
+
+void AudioSession::DismissExport() {
+  mExporter.Dismiss();
+  Tell(SessionChange::kExport);
 }
 
 void AudioSession::ForgetFailures() {

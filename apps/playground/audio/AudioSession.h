@@ -1,6 +1,7 @@
 #pragma once
 
 #include "audio/AudioDocument.h"
+#include "audio/Exporter.h"
 #include "audio/SampleSelection.h"
 #include "audio/SelectionZoom.h"
 #include "audio/ViewHistory.h"
@@ -28,6 +29,7 @@ inline constexpr unsigned kSelection = 4;  // what is selected
 inline constexpr unsigned kSettings = 8;   // how it is drawn
 inline constexpr unsigned kFailures = 16;  // files that couldn't be opened
 inline constexpr unsigned kPeaks = 32;     // more of the current sound is known, or the work on it goes on
+inline constexpr unsigned kExport = 128;   // an export has begun, or is forgotten
 inline constexpr unsigned kHistory = 256;  // whether there is something to undo or to redo
 }  // namespace SessionChange
 using SessionChanges = moxui::Flags<unsigned>;
@@ -103,6 +105,12 @@ class AudioSession {
   // Shows what was shown before the selection.
   void LeaveSelectionZoom();
 
+  // What is being exported, or was. Work on it goes on whatever is shown.
+  Exporter const& Exports() const { return mExporter; }
+  void Export(ExportKind kind, std::string const& path);
+  void CancelExport() { mExporter.Cancel(); }
+  void DismissExport();
+
   // Whether the view is drawn from single samples rather than from peaks.
   bool DrawsSamples() const;
   bool IsChannelEnabled(std::size_t channel) const;
@@ -148,6 +156,7 @@ class AudioSession {
   SampleSelection mSelection;
   std::map<std::size_t, Places> mPlaces;  // by the number of the document
   WaveformSettings mSettings;
+  Exporter mExporter;
   void const* mListenerOwner = nullptr;
   std::function<void(SessionChanges)> mListener;
 };

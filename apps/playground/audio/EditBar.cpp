@@ -6,6 +6,10 @@
 #include "shell/Listening.h"
 #include "shell/Painting.h"
 
+#include <moxui/ui/OS_Menu.h>
+
+#include <utility>
+
 namespace playground {
 namespace {
 
@@ -13,7 +17,7 @@ using moxcore::utility::MakeIntrusive;
 
 constexpr float kButtonWidth = 28.0f;
 constexpr float kGap = 4.0f;
-constexpr int kButtonCount = 3;
+constexpr int kButtonCount = 4;
 
 // An arrow that turns back.
 GlyphStrokes UndoStrokes() {
@@ -47,9 +51,17 @@ GlyphStrokes ZoomStrokes() {
           {{9.0f, 5.5f}, {11.5f, 8.0f}, {9.0f, 10.5f}}};
 }
 
+// An arrow out of a tray.
+GlyphStrokes ExportStrokes() {
+  return {{{8.0f, 10.0f}, {8.0f, 2.0f}},
+          {{5.0f, 5.0f}, {8.0f, 2.0f}, {11.0f, 5.0f}},
+          {{2.5f, 9.0f}, {2.5f, 13.5f}, {13.5f, 13.5f}, {13.5f, 9.0f}}};
+}
+
 }  // namespace
 
-EditBar::EditBar(AudioSession& session) : mSession(session) {
+EditBar::EditBar(AudioSession& session, ExportFunction exports)
+    : mSession(session), mExports(std::move(exports)) {
   mUndo = MakeIntrusive<GlyphButton>(
       Text("$$$/playground/edit/undo=Undo"),
       Text("$$$/playground/edit/undoTip=Go back to the view and selection before (Ctrl+Z)"), UndoStrokes(),
@@ -62,12 +74,17 @@ EditBar::EditBar(AudioSession& session) : mSession(session) {
       Text("$$$/playground/edit/zoom=Zoom to the selection"),
       Text("$$$/playground/edit/zoomTip=Zoom to the selection, or back to the view before (Z)"),
       ZoomStrokes());
-  for (auto const& button : {mUndo, mRedo, mZoom}) {
+  mExport = MakeIntrusive<GlyphButton>(
+      Text("$$$/playground/export/name=Export"),
+      Text("$$$/playground/export/tip=Export the selection, the sound (Ctrl+E) or its peaks"),
+      ExportStrokes());
+  for (auto const& button : {mUndo, mRedo, mZoom, mExport}) {
     ChildPushBack(button);
   }
   WhenChanged(*mUndo, this, [](EditBar& bar) { bar.mSession.Undo(); });
   WhenChanged(*mRedo, this, [](EditBar& bar) { bar.mSession.Redo(); });
   WhenChanged(*mZoom, this, [](EditBar& bar) { bar.mSession.ToggleSelectionZoom(); });
+  WhenChanged(*mExport, this, [](EditBar& bar) { bar.OpenExportMenu(); });
   Refresh();
 }
 
@@ -83,6 +100,30 @@ GlyphButton& EditBar::ZoomButton() const {
   return *mZoom;
 }
 
+GlyphButton& EditBar::ExportButton() const {
+  return *mExport;
+}
+
+void EditBar::OpenExportMenu() {
+  constexpr ExportKind kKinds[] = {ExportKind::kWave, ExportKind::kPeaks16, ExportKind::kPeaks8};
+  auto const menu = moxui::ui::CreateOSMenu();
+  menu->AddItem(1, mSession.Selection().IsEmpty()
+                       ? Text16("$$$/playground/export/wholeItem=Whole sound as WAV...")
+                       : Text16("$$$/playground/export/selectionItem=Selection as WAV..."));
+  menu->AddSeparator();
+  menu->AddItem(2, Text16("$$$/playground/export/peaks16Item=Peaks of 16 bits as .dat..."));
+  menu->AddItem(3, Text16("$$$/playground/export/peaks8Item=Peaks of 8 bits as .dat..."));
+  for (int id = 1; id <= 3; ++id) {
+    menu->EnableItem(id, CanExport(mSession, kKinds[id - 1]));
+  }
+  moxcore::utility::IntrusivePtr<EditBar> const alive(this);  // anything may happen while it is open
+  auto const below = mExport->UI_GetLocalRectF(false);
+  if (int const id = mExport->UI_DoContextMenu(menu.Get(), mExport.Get(), {0.0f, below.Bottom()});
+      id >= 1 && id <= 3) {
+    mExports(kKinds[id - 1]);
+  }
+}
+
 float EditBar::Width() {
   return static_cast<float>(kButtonCount) * (kButtonWidth + kGap) - kGap;
 }
@@ -91,12 +132,13 @@ void EditBar::Refresh() {
   mUndo->UI_SetEnabled(mSession.CanUndo());
   mRedo->UI_SetEnabled(mSession.CanRedo());
   mZoom->UI_SetEnabled(mSession.CanToggleSelectionZoom());
+  mExport->UI_SetEnabled(mSession.HasSound());
 }
 
 void EditBar::UI_SizeChanged(moxui::RectT<float> const& rect) {
   UI_SubView::UI_SizeChanged(rect);
   float left = 0.0f;
-  for (auto const& button : {mUndo, mRedo, mZoom}) {
+  for (auto const& button : {mUndo, mRedo, mZoom, mExport}) {
     button->UI_SetLocalRectF(Placed({left, 0.0f, kButtonWidth, ControlHeight()}, rect.width));
     left += kButtonWidth + kGap;
   }

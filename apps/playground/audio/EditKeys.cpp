@@ -6,7 +6,8 @@
 
 namespace playground {
 
-bool HandleEditKey(AudioSession& session, moxui::ui::KeyboardEvent const& event) {
+bool HandleEditKey(AudioSession& session, moxui::ui::KeyboardEvent const& event,
+                   std::function<void()> const& exportSelection) {
   using moxui::ui::KeyboardCode;
   using moxui::ui::ModKeys;
   namespace ModKey = moxui::ui::ModKey;
@@ -21,6 +22,10 @@ bool HandleEditKey(AudioSession& session, moxui::ui::KeyboardEvent const& event)
   if (event.CompareShortcut(KeyboardCode::kZ, ModKeys(ModKey::kCommand | ModKey::kShift)) ||
       event.CompareShortcut(KeyboardCode::kY, command)) {
     session.Redo();
+    return true;
+  }
+  if (event.CompareShortcut(KeyboardCode::kE, command)) {
+    exportSelection();
     return true;
   }
   return false;

@@ -1,12 +1,12 @@
 #include "audio/PeakProgress.h"
 
 #include "audio/AudioSession.h"
+#include "audio/ProgressBar.h"
 #include "program/Localized.h"
 #include "shell/Listening.h"
 #include "shell/Painting.h"
 
 #include <moxaudiotoolkit/peaks/PeakPyramid.h>
-#include <moxui/scriber/Drawing.h>
 
 #include <algorithm>
 #include <cmath>
@@ -17,11 +17,9 @@ namespace {
 using Action = ProgressReport::Action;
 using State = AudioDocument::State;
 using moxui::RectT;
-using moxui::ui::ThemeColorID;
 
 constexpr float kButtonWidth = 96.0f;
 constexpr float kGap = 12.0f;
-constexpr float kBarHeight = 4.0f;
 constexpr float kWidestBar = 240.0f;
 
 // Not 100 before all is there.
@@ -66,51 +64,13 @@ ProgressReport ReportOf(AudioSession const& session) {
   return {document.Problem(), std::nullopt, Action::kNone};
 }
 
-// A bar from 0 to 1.
-class PeakProgress::ProgressBar : public moxui::ui::UI_Node {
- public:
-  void SetFraction(double fraction) {
-    if (fraction != mFraction) {
-      mFraction = fraction;
-      UI_Invalidate();
-      UI_TellAccessibleChange(moxui::ui::AccessibleChange::kValue);
-    }
-  }
-
-  void UI_Draw(moxui::scriber::Scriber* scriber) const override {
-    RectT<float> const own = UI_GetLocalRectF(false);
-    RectT<float> const track{0.0f, std::floor((own.height - kBarHeight) / 2.0f), own.width, kBarHeight};
-    moxui::utils::DrawRect(scriber, track, ThemeColor(ThemeColorID::kGray4));
-    RectT<float> done = track;
-    done.width *= static_cast<float>(mFraction);
-    moxui::utils::DrawRect(scriber, Placed(done, own.width), ThemeColor(ThemeColorID::kInteractive));
-  }
-
-  moxui::ui::AccessibleRole UI_GetAccessibleRole() const override {
-    return moxui::ui::AccessibleRole::kProgress;
-  }
-  moxcore::Utf8String UI_GetAccessibleName() const override {
-    return moxcore::Utf8String(Text("$$$/playground/progress/name=Reading the sound"));
-  }
-  moxcore::Utf8String UI_GetAccessibleValue() const override {
-    return moxcore::Utf8String(Text("$$$/playground/progress/value=@0 %", {PercentText(mFraction)}));
-  }
-  std::optional<moxui::ui::AccessibleRange> UI_GetAccessibleRange() const override {
-    return moxui::ui::AccessibleRange{.value = mFraction};
-  }
-  moxui::ui::AccessibleState UI_GetAccessibleState() const override { return {.isReadOnly = true}; }
-
- private:
-  double mFraction = 0.0;
-};
-
 PeakProgress::PeakProgress(AudioSession& session) : mSession(session) {
   using moxcore::utility::MakeIntrusive;
   mText = MakeIntrusive<moxui::controls::UI_StaticText>();
   mText->SetFontIndex(moxui::ui::FontIndex::kSmall);
   mText->SetAlignment(Leading());
   mText->SetTextTruncation(moxui::controls::TextTruncation::kMiddle);
-  mBar = MakeIntrusive<ProgressBar>();
+  mBar = MakeIntrusive<ProgressBar>(Text("$$$/playground/progress/name=Reading the sound"));
   mButton = MakeIntrusive<moxui::controls::UI_TextButton>();
   mButton->SetFontIndex(moxui::ui::FontIndex::kSmall);
   mButton->SetWantsKeyboardFocus(true);

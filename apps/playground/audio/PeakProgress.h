@@ -10,6 +10,7 @@
 namespace playground {
 
 class AudioSession;
+class ProgressBar;
 
 // How far the reading of sounds is, and what the user can do about it.
 struct ProgressReport {
@@ -39,7 +40,6 @@ class PeakProgress : public moxui::ui::UI_SubView {
   void UI_SizeChanged(moxui::RectT<float> const& rect) override;
 
  private:
-  class ProgressBar;
   void LayOut();
   void Act();
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "audio/FileExport.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -7,11 +9,9 @@
 #include <vector>
 
 namespace moxaudiotoolkit {
+class PeakPyramid;
 class SampleSource;
-}
-namespace moxcore::threads {
-class IExecutor;
-}
+}  // namespace moxaudiotoolkit
 
 namespace playground {
 
@@ -24,35 +24,12 @@ struct ExportRequest {
   std::string path;                   // UTF-8; what is there is replaced
 };
 
-// A part of a sound on its way into a WAV file, sample for sample: 16 or 24 bits where the source has no
-// more, floats otherwise, RF64 beyond 4 GiB. Work begins with construction, on another thread, and takes
-// little memory whatever the length. The file appears whole at the end; a cancelled or failed export leaves
-// what was there and nothing else. The destructor cancels and waits.
-class SelectionExport {
- public:
-  enum class State { kRunning, kDone, kCancelled, kFailed };
+// A part of a sound into a WAV file, sample for sample: 16 or 24 bits where the source has no more, floats
+// otherwise, RF64 beyond 4 GiB. Takes little memory whatever the length.
+FileExport::Work ExportOfSelection(ExportRequest request);
 
-  // A null executor stands for the one for work that computes.
-  explicit SelectionExport(ExportRequest request,
-                           std::shared_ptr<moxcore::threads::IExecutor> executor = nullptr);
-  ~SelectionExport();
-  SelectionExport(SelectionExport const&) = delete;
-  SelectionExport& operator=(SelectionExport const&) = delete;
-
-  ExportRequest const& Request() const;
-  State GetState() const;
-  // From 0 to 1.
-  double Progress() const;
-  // Why it failed, localised; empty otherwise.
-  std::string Problem() const;
-
-  // Asks it to end; returns at once. What is complete by then stays.
-  void Cancel();
-  void Wait();
-
- private:
-  class Job;
-  std::shared_ptr<Job> mJob;
-};
+// The peaks of a whole sound into a .dat file, of 256 samples a pair or more.
+FileExport::Work ExportOfPeaks(std::shared_ptr<moxaudiotoolkit::PeakPyramid const> pyramid, std::string path,
+                               bool has8Bits);
 
 }  // namespace playground

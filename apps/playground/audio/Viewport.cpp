@@ -6,7 +6,7 @@
 namespace playground {
 
 double Viewport::WidestSamplesPerPixel() const {
-  return std::max(static_cast<double>(mFrames) / mWidth, 1.0 / kMostColumnsPerSample);
+  return std::max(static_cast<double>(mFrames) / mWidth, mFinest);
 }
 
 bool Viewport::ShowsAll() const {
@@ -33,11 +33,12 @@ void Viewport::Set(double left, double samplesPerPixel) {
   if (!std::isfinite(left) || !std::isfinite(samplesPerPixel)) {
     return;
   }
-  mSamplesPerPixel = std::clamp(samplesPerPixel, 1.0 / kMostColumnsPerSample, WidestSamplesPerPixel());
+  mSamplesPerPixel = std::clamp(samplesPerPixel, mFinest, WidestSamplesPerPixel());
   mLeft = std::clamp(left, 0.0, LastLeft());
 }
 
-void Viewport::SetFrames(std::int64_t frames) {
+void Viewport::SetFrames(std::int64_t frames, double finest) {
+  mFinest = finest;
   mFrames = std::max<std::int64_t>(frames, 0);
   ShowAll();
 }
@@ -67,8 +68,7 @@ void Viewport::ZoomAt(double column, double factor) {
     return;
   }
   double const sample = SampleAt(column);
-  double const samplesPerPixel =
-      std::clamp(mSamplesPerPixel / factor, 1.0 / kMostColumnsPerSample, WidestSamplesPerPixel());
+  double const samplesPerPixel = std::clamp(mSamplesPerPixel / factor, mFinest, WidestSamplesPerPixel());
   Set(sample - column * samplesPerPixel, samplesPerPixel);
 }
 

@@ -5,7 +5,8 @@
 namespace playground {
 
 // The part of a sound that a picture `width` columns wide shows. A column is a device pixel. Whatever is
-// asked, the view stays within the sound and the zoom between one column a sample's 64th and the whole sound.
+// asked, the view stays within the sound and the zoom between a column to the 64th of a sample, or as much as
+// is known of the sound, and the whole sound.
 class Viewport {
  public:
   static constexpr double kMostColumnsPerSample = 64.0;
@@ -21,8 +22,8 @@ class Viewport {
   double SampleAt(double column) const { return mLeft + column * mSamplesPerPixel; }
   double ColumnOf(double sample) const { return (sample - mLeft) / mSamplesPerPixel; }
 
-  // Shows the whole of a sound of this length.
-  void SetFrames(std::int64_t frames);
+  // Shows the whole of a sound of this length. A column never shows fewer than `finest` samples.
+  void SetFrames(std::int64_t frames, double finest = 1.0 / kMostColumnsPerSample);
   // Another width at the same zoom; a view that showed the whole sound goes on showing it.
   void SetWidth(int width);
   // Another width with the same part of the sound in it, as when the scale of the screen changes.
@@ -46,6 +47,7 @@ class Viewport {
   void Set(double left, double samplesPerPixel);
 
   std::int64_t mFrames = 0;
+  double mFinest = 1.0 / kMostColumnsPerSample;  // samples to a column
   int mWidth = 1;
   double mLeft = 0.0;
   double mSamplesPerPixel = 1.0;

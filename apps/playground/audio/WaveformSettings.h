@@ -47,10 +47,10 @@ struct WaveformSettings {
   bool clipMarks = true;
   bool sampleDots = true;
   DetailChoice detail = DetailChoice::kAutomatic;
+  RulerUnit rulerUnit = RulerUnit::kTime;
 
   bool centerlines = true;
   bool dividers = true;
-  RulerUnit rulerUnit = RulerUnit::kTime;
   bool timeGrid = true;
   int timeGridSpacing = 0;                // logical pixels between two lines; 0: at the ruler's labels
   int amplitudeDivisions = kDecibelGrid;  // lines between silence and full scale; 0: none

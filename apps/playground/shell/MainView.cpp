@@ -9,6 +9,7 @@
 #include "shell/TabStrip.h"
 #include "shell/ToolBar.h"
 
+#include <moxui/platform/FileDialogs.h>
 #include <moxui/scriber/Drawing.h>
 #include <moxui/ui/DragData.h>
 #include <moxui/ui/KeyboardEvent.h>
@@ -131,7 +132,7 @@ void MainView::ShowPage(std::size_t page) {
     mPage.Reset();
   }
   mState.stateOfPage = 0;
-  mPage = descriptor.make({mState.audio, mState.transport, mState.log});
+  mPage = descriptor.make({mState.audio, mState.transport, mState.log, mActions.askWhereToSave});
   // Below the log, which keeps the order of the keyboard: list, states, page, log.
   ChildInsert(ChildSize() - 1, mPage);
   std::vector<moxcore::Utf16String> tabs;

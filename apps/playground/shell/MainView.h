@@ -23,6 +23,7 @@ struct ProgramState;
 struct MainViewActions {
   std::function<void(Appearance const&)> changeAppearance;
   std::function<void()> askForFiles;
+  std::function<std::string(moxui::platform::FileRequest request)> askWhereToSave = {};
 };
 
 // What a view remembers of how it was looked at, for the one that takes its place.

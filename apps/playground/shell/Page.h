@@ -8,6 +8,10 @@
 #include <string_view>
 #include <vector>
 
+namespace moxui::platform {
+struct FileRequest;
+}
+
 namespace playground {
 
 class AudioSession;
@@ -32,6 +36,8 @@ struct PageContext {
   AudioSession& audio;
   Transport& transport;
   EventLog& log;
+  // Asks the user for the name of a file to write; empty when there is none to be.
+  std::function<std::string(moxui::platform::FileRequest request)> askWhereToSave = {};
 };
 
 // A state of a page: its name for files, and its title as a literal.

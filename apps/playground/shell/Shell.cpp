@@ -31,8 +31,11 @@ void Shell::SetAppearanceFunction(std::function<void(Appearance const&)> functio
 void Shell::Build() {
   mView = moxcore::utility::MakeIntrusive<MainView>(
       mState,
-      MainViewActions{.changeAppearance = [this](Appearance const& appearance) { SetAppearance(appearance); },
-                      .askForFiles = [this] { AskForFiles(); }});
+      MainViewActions{
+          .changeAppearance = [this](Appearance const& appearance) { SetAppearance(appearance); },
+          .askForFiles = [this] { AskForFiles(); },
+          .askWhereToSave =
+              [this](moxui::platform::FileRequest request) { return AskWhereToSave(std::move(request)); }});
   mTree.SetRoot(mView);
 }
 
@@ -92,6 +95,16 @@ void Shell::AskForFiles() {
   }
 }
 
+std::string Shell::AskWhereToSave(moxui::platform::FileRequest request) const {
+  auto* const application = moxui::platform::Application::Get();
+  if (application == nullptr) {
+    return {};
+  }
+  request.parent = mWindow;
+  auto const file = application->GetFileDialogs().AskForFileToSave(request);
+  return {file.begin(), file.end()};
+}
+
 moxui::platform::FileRequest Shell::RequestForFiles() const {
   moxui::platform::FileRequest request;
   request.parent = mWindow;
@@ -100,6 +113,7 @@ moxui::platform::FileRequest Shell::RequestForFiles() const {
   request.kinds = {
       {Text16("$$$/playground/open/kind=Sound files"),
        {"*.wav", "*.aif", "*.aiff", "*.flac", "*.ogg", "*.oga", "*.opus", "*.mp3", "*.w64", "*.caf"}},
+      {Text16("$$$/playground/export/peaksKind=Peak files"), {"*.dat"}},
       {Text16("$$$/playground/open/all=All files"), {"*"}}};
   return request;
 }

@@ -4,6 +4,7 @@
 #include "shell/ProgramState.h"
 
 #include <functional>
+#include <string>
 
 namespace moxui::platform {
 struct FileRequest;
@@ -29,7 +30,9 @@ class Shell {
   void SetAppearance(Appearance const& appearance);
   // Asks for files and opens them. Does nothing without a platform to ask with.
   void AskForFiles();
-  // What it asks with.
+  // Asks where to write a file; empty when the user gave up, and without a platform to ask with.
+  std::string AskWhereToSave(moxui::platform::FileRequest request) const;
+  // What AskForFiles asks with.
   moxui::platform::FileRequest RequestForFiles() const;
 
   // Called after the appearance became another one, the scale included.

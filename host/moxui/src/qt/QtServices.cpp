@@ -15,6 +15,7 @@
 #include <QClipboard>
 #include <QDrag>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QMenu>
 #include <QMimeData>
 #include <QPixmap>
@@ -233,8 +234,23 @@ moxcore::Utf8String QtFileDialogs::AskForFileToSave(platform::FileRequest const&
   if (auto const answered = AskResponder(request)) {
     return FirstOf(*answered);
   }
-  return ToUtf8(QFileDialog::getSaveFileName(ParentOf(request), ToQString(request.title),
-                                             ToQString(request.startPath), FilterOf(request)));
+  // Only a dialog of one's own asks before it replaces the file that the suffix makes of a name.
+  QFileDialog dialog(ParentOf(request), ToQString(request.title), QString(), FilterOf(request));
+  dialog.setAcceptMode(QFileDialog::AcceptSave);
+  dialog.setFileMode(QFileDialog::AnyFile);
+  dialog.setDefaultSuffix(ToQString(request.defaultSuffix));
+  if (QFileInfo const start(ToQString(request.startPath)); start.isDir()) {
+    dialog.setDirectory(start.filePath());
+  } else if (!start.fileName().isEmpty()) {
+    if (start.isAbsolute()) {
+      dialog.setDirectory(start.path());
+    }
+    dialog.selectFile(start.fileName());
+  }
+  if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) {
+    return {};
+  }
+  return ToUtf8(dialog.selectedFiles().front());
 }
 
 moxcore::Utf8String QtFileDialogs::AskForDirectory(platform::FileRequest const& request) {

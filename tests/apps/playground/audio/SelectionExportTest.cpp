@@ -5,6 +5,9 @@
 #include <moxaudiotoolkit/AudioFileError.h>
 #include <moxaudiotoolkit/AudioFileWriter.h>
 #include <moxaudiotoolkit/WaveFileWriter.h>
+#include <moxaudiotoolkit/peaks/PeakBuilder.h>
+#include <moxaudiotoolkit/peaks/PeakDataFile.h>
+#include <moxaudiotoolkit/peaks/PeakPyramid.h>
 #include <moxaudiotoolkit/peaks/SampleSource.h>
 
 #include <gmock/gmock.h>
@@ -21,7 +24,7 @@ using moxaudiotoolkit::OpenSampleSource;
 using moxaudiotoolkit::SampleSource;
 using moxaudiotoolkit::SampleSourceProperties;
 using moxaudiotoolkit::WaveSampleType;
-using State = SelectionExport::State;
+using State = FileExport::State;
 
 // Samples that tell of their place: whole numbers of as many bits as the source has.
 class CountingSource : public SampleSource {
@@ -126,7 +129,7 @@ TEST_F(SelectionExportTest, KeepsEachSampleInTheSmallestTypeThatDoes) {
                                    {0, WaveSampleType::kFloat32}}) {
     auto const source = std::make_shared<CountingSource>(200'000, 3, bits);
     ExportRequest const request{source, 1'234, 198'765, {0, 1, 2}, Path()};
-    SelectionExport running(request);
+    FileExport running(request.path, ExportOfSelection(request));
     running.Wait();
     ASSERT_EQ(running.GetState(), State::kDone) << running.Problem();
     EXPECT_EQ(running.Progress(), 1.0);
@@ -137,7 +140,7 @@ TEST_F(SelectionExportTest, KeepsEachSampleInTheSmallestTypeThatDoes) {
 TEST_F(SelectionExportTest, WritesTheChannelsAskedForAlone) {
   auto const source = std::make_shared<CountingSource>(100'000, 6, 16);
   ExportRequest const request{source, 10, 99'990, {0, 2, 5}, Path()};
-  SelectionExport running(request);
+  FileExport running(request.path, ExportOfSelection(request));
   running.Wait();
   ASSERT_EQ(running.GetState(), State::kDone);
   ExpectExact(*source, request, WaveSampleType::kInt16);
@@ -149,7 +152,7 @@ TEST_F(SelectionExportTest, OneFrameAndHundredsOfChannelsAreNothingSpecial) {
   for (std::size_t channel = 0; channel < 256; ++channel) {
     request.channels.push_back(channel);
   }
-  SelectionExport running(request);
+  FileExport running(request.path, ExportOfSelection(request));
   running.Wait();
   ASSERT_EQ(running.GetState(), State::kDone);
   ExpectExact(*source, request, WaveSampleType::kInt24);
@@ -160,7 +163,7 @@ TEST_F(SelectionExportTest, AFileReplacesItselfByAPartOfItself) {
   auto const source = OpenSampleSource(path);
   std::int64_t const frames = source->GetProperties().frames;
   ExportRequest const request{source, frames / 4, frames / 2, {0, 1}, path};
-  SelectionExport running(request);
+  FileExport running(request.path, ExportOfSelection(request));
   running.Wait();
   ASSERT_EQ(running.GetState(), State::kDone) << running.Problem();
   ExpectExact(*source, request, WaveSampleType::kInt16);
@@ -170,7 +173,7 @@ TEST_F(SelectionExportTest, AFileReplacesItselfByAPartOfItself) {
 TEST_F(SelectionExportTest, CancelledOneLeavesTheOldFileAndNothingElse) {
   WriteBytes(folder.Path(), "out.wav", "old");
   auto const source = std::make_shared<GatedSource>(1'000'000);
-  SelectionExport running({source, 0, 4'000'000, {0}, Path()});
+  FileExport running(Path(), ExportOfSelection({source, 0, 4'000'000, {0}, Path()}));
   source->WaitUntilThere();
   EXPECT_EQ(running.GetState(), State::kRunning);
   EXPECT_GT(running.Progress(), 0.2);
@@ -188,7 +191,7 @@ TEST_F(SelectionExportTest, CancelledOneLeavesTheOldFileAndNothingElse) {
 TEST_F(SelectionExportTest, DestructionCancels) {
   auto const source = std::make_shared<GatedSource>(0);
   {
-    SelectionExport const running({source, 0, 4'000'000, {0}, Path()});
+    FileExport const running(Path(), ExportOfSelection({source, 0, 4'000'000, {0}, Path()}));
     source->WaitUntilThere();
     EXPECT_EQ(FileCount(), 1u);
     source->Open();
@@ -199,16 +202,47 @@ TEST_F(SelectionExportTest, DestructionCancels) {
 }
 
 TEST_F(SelectionExportTest, SourceThatCannotBeReadFailsWithItsReason) {
-  SelectionExport running({std::make_shared<BrokenSource>(), 0, 1'000'000, {0}, Path()});
+  FileExport running(Path(),
+                     ExportOfSelection({std::make_shared<BrokenSource>(), 0, 1'000'000, {0}, Path()}));
   running.Wait();
   EXPECT_EQ(running.GetState(), State::kFailed);
   EXPECT_EQ(running.Problem(), "The disk is gone.");
   EXPECT_EQ(FileCount(), 0u);
 }
 
+TEST_F(SelectionExportTest, PeaksComeBackFromTheirFile) {
+  auto const source = std::make_shared<CountingSource>(100'000, 2, 16);
+  moxaudiotoolkit::PeakBuilder builder(source);
+  builder.Wait();
+  auto const pyramid = builder.GetPyramid();
+  for (bool const has8Bits : {false, true}) {
+    std::string const path = Path("peaks.dat");
+    FileExport running(path, ExportOfPeaks(pyramid, path, has8Bits));
+    running.Wait();
+    ASSERT_EQ(running.GetState(), State::kDone) << running.Problem();
+    auto const data = moxaudiotoolkit::ReadPeakData(path);
+    EXPECT_EQ(data.version, 2);
+    EXPECT_EQ(data.has8Bits, has8Bits);
+    EXPECT_EQ(data.channelCount, 2);
+    EXPECT_EQ(data.sampleRate, 48000);
+    EXPECT_EQ(data.samplesPerPixel, 256);
+    ASSERT_EQ(data.length, 391u);
+    double const unit = has8Bits ? 128.0 : 32768.0;
+    for (std::int64_t pair = 0; pair < 391; ++pair) {
+      auto const expected =
+          pyramid->GetRange(1, pair * 256, std::min<std::int64_t>(pair * 256 + 256, 100'000));
+      auto const at = static_cast<std::size_t>(pair) * 4 + 2;
+      EXPECT_NEAR(data.values[at] / unit, expected.minimum, 0.51 / unit);
+      EXPECT_NEAR(data.values[at + 1] / unit, std::min<double>(expected.maximum, (unit - 1) / unit),
+                  0.51 / unit);
+    }
+  }
+}
+
 TEST_F(SelectionExportTest, FolderThatIsGoneFailsWithTheReason) {
-  SelectionExport running(
-      {std::make_shared<CountingSource>(1000, 1, 16), 0, 1000, {0}, Path("gone/out.wav")});
+  ExportRequest const request{
+      std::make_shared<CountingSource>(1000, 1, 16), 0, 1000, {0}, Path("gone/out.wav")};
+  FileExport running(request.path, ExportOfSelection(request));
   running.Wait();
   EXPECT_EQ(running.GetState(), State::kFailed);
   EXPECT_THAT(running.Problem(), testing::HasSubstr("No such file"));

@@ -19,6 +19,7 @@ struct FileRequest {
   moxcore::Utf8String startPath{};  ///< directory, or proposed file; empty: where one was last
   std::vector<FileKind> kinds{};
   bool allowsSeveral = false;
+  moxcore::Utf8String defaultSuffix{};  ///< "wav": of a file to save whose name has none
   Window* parent = nullptr;
 };
 

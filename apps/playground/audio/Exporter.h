@@ -1,0 +1,44 @@
+#pragma once
+
+#include "audio/FileExport.h"
+
+#include <moxui/platform/FileDialogs.h>
+
+#include <memory>
+#include <string>
+
+namespace playground {
+
+class AudioSession;
+
+enum class ExportKind {
+  kWave,  // the selection, or the whole sound where nothing is selected; channels that are on
+  kPeaks16,
+  kPeaks8,
+};
+
+// Whether the session's sound can be exported so: WAV files need samples and a channel that is on, peak files
+// all of the peaks.
+bool CanExport(AudioSession const& session, ExportKind kind);
+
+// What the user is asked for the file with, which says what will be in it.
+moxui::platform::FileRequest RequestForExport(AudioSession const& session, ExportKind kind);
+
+// What a session exports, one file at a time. Beginning another one cancels the one before.
+class Exporter {
+ public:
+  void Start(AudioSession const& session, ExportKind kind, std::string const& path);
+  void Cancel();
+  // Forgets an export that has ended.
+  void Dismiss();
+
+  // Null when there is none; one that has ended stays until it is dismissed.
+  FileExport* Current() const { return mExport.get(); }
+  // How it goes, or went, in a sentence; empty when there is none.
+  std::string Sentence() const;
+
+ private:
+  std::unique_ptr<FileExport> mExport;
+};
+
+}  // namespace playground

@@ -47,15 +47,16 @@ class StationLog : public moxcore::utility::RefCountedObjectWithWeakPtr, public 
   }
 
   void ListenToMessage(moxcore::messaging::Message const& message) override {
-    using namespace moxmediaui;
     Heard one;
-    if (auto const* const changing = HotTimecodeValueChangingMessage::Find(message)) {
+    if (auto const* const changing = moxmediaui::HotTimecodeValueChangingMessage::Find(message)) {
       one = Changing(changing->Get<0>(), changing->Get<1>());
-    } else if (auto const* const changed = HotTimecodeValueChangedMessage::Find(message)) {
+    } else if (auto const* const changed = moxmediaui::HotTimecodeValueChangedMessage::Find(message)) {
       one = Changed(changed->Get<0>(), changed->Get<1>());
-    } else if (auto const* const video = HotTimecodeVideoTimeDisplayChangedMessage::Find(message)) {
+    } else if (auto const* const video =
+                   moxmediaui::HotTimecodeVideoTimeDisplayChangedMessage::Find(message)) {
       one = VideoDisplay(video->Get<0>());
-    } else if (auto const* const audio = HotTimecodeAudioTimeDisplayChangedMessage::Find(message)) {
+    } else if (auto const* const audio =
+                   moxmediaui::HotTimecodeAudioTimeDisplayChangedMessage::Find(message)) {
       one = AudioDisplay(audio->Get<0>());
     }
     heard.push_back(one);

@@ -312,9 +312,9 @@ TEST_F(DrawnField, ADisabledFieldIsInFaintWhiteOrBlack) {
   field->SetUseInvalidColor(true, {1, 0, 1, 1}, false);
   field->SetTime(kNoTime, false);
   field->UI_SetDisabled();
-  EXPECT_EQ(field->GetTextColor(), ColorRGBA(1, 1, 1, 0.3f));
+  EXPECT_EQ(field->GetTextColor(), (ColorRGBA{1, 1, 1, 0.3f}));
   RunningLook const light(true, ThemeID::kLight);
-  EXPECT_EQ(field->GetTextColor(), ColorRGBA(0, 0, 0, 0.3f));
+  EXPECT_EQ(field->GetTextColor(), (ColorRGBA{0, 0, 0, 0.3f}));
 }
 
 TEST_F(DrawnField, ColourSettersInvalidateWhenAsked) {

@@ -1,6 +1,8 @@
 // Dragging of a timecode field, by mouse and by pen.
 #include "WorkedField.h"
 
+#include <moxui/ui/UI_NodeManager.h>
+
 namespace timecode_tests {
 namespace {
 
@@ -46,6 +48,18 @@ INSTANTIATE_TEST_SUITE_P(
                       MoveCase{"FractionsAreKept", {{2.75f, 0}, {0.5f, 0}, {0.75f, 0}}, 3},
                       MoveCase{"ThereAndBack", {{10, 0}, {-10, 0}}, -1}),
     [](auto const& test) { return test.param.name; });
+
+TEST_F(Scrub, ChoosesItsAxisAnew) {
+  Press();
+  MoveBy(5, 0);
+  Release();
+  EXPECT_EQ(Frames(), 4);
+  EXPECT_EQ(ShownCursor(), 18);
+  stage.AdvanceTime(1000);
+  Press();
+  MoveBy(0, -5);
+  EXPECT_EQ(Frames(), 8);
+}
 
 TEST_F(Scrub, TellsEachStepAndTheEnd) {
   field->SetIdentifier(42);
@@ -152,6 +166,22 @@ TEST_F(Scrub, AListenerMayLetGoOfTheField) {
   EXPECT_TRUE(IsCursorShown());
   EXPECT_THAT(TakeHeard(),
               ElementsAre(Changing(kMinute + TickTime(2, k25)), Changed(kMinute + TickTime(2, k25))));
+}
+
+TEST_F(Scrub, KeepsThePointerWhileTheButtonIsDownOnAFixedFieldToo) {
+  auto const captor = [] {
+    auto const* const capture = moxui::ui::UI_NodeManager::Get(false)->GetInputCapture();
+    return capture != nullptr ? capture->GetNode() : nullptr;
+  };
+  for (bool const fixed : {false, true}) {
+    field->SetAsFixed(fixed);
+    stage.AdvanceTime(1000);
+    Press();
+    EXPECT_EQ(captor(), field);
+    MoveBy(50, 0);
+    Release();
+    EXPECT_EQ(captor(), nullptr);
+  }
 }
 
 TEST_F(Scrub, IsNotForAFixedOrDisabledField) {
@@ -282,6 +312,19 @@ TEST_F(PenScrub, RemembersTwentyMoves) {
   }
   Release();
   EXPECT_EQ(Frames(), 120);
+}
+
+TEST_F(PenScrub, ForgetsADragThatWasCutOff) {
+  Press();
+  MoveBy(5, 0);
+  stage.Deactivate();
+  Release();
+  stage.Activate();
+  stage.AdvanceTime(1000);
+  Press();
+  MoveBy(5, 0);
+  Release();
+  EXPECT_EQ(Frames(), 10);
 }
 
 TEST_F(PenScrub, ForgetsEarlierDrags) {

@@ -291,6 +291,15 @@ TEST_F(PenScrub, KeepsAllOfADragThatStoppedBefore) {
   EXPECT_EQ(Frames(), 10);
 }
 
+TEST_F(PenScrub, KeepsAllOfADragThatStoppedBeforeWithAnOffsetToo) {
+  field->SetOffsetTime(kHour);
+  Press();
+  MoveBy(5, 0);
+  stage.AdvanceTime(150);
+  Release();
+  EXPECT_EQ(Frames(), 5);
+}
+
 // Twenty moves are remembered: what lay before them can't be taken up again.
 TEST_F(PenScrub, RemembersTwentyMoves) {
   Press();

@@ -35,6 +35,7 @@ void UI_HotTimecodeControl::OpenEdit(bool byKey) {
   if (mHasOwnFocus) {
     UI_LoseKeyboardFocus();
   }
+  mTextEdit->SetAccessibleName(UI_GetAccessibleName());
   mTextEdit->UI_SetLocalRectF(UI_GetLocalRectF(kOwn));
   mTextEdit->UI_Show(true);
   mTextEdit->GetTextEdit()->UI_GainKeyboardFocus(FocusChangeReason::kByCode);

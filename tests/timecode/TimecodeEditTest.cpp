@@ -264,6 +264,7 @@ TEST_F(TimecodeEdit, IsATextFieldOfItsNameAndText) {
   EXPECT_FALSE(field->UI_GetAccessibleState().isReadOnly);
   EXPECT_TRUE(field->UI_DoAccessibleAction());
   EXPECT_TRUE(IsEditing());
+  EXPECT_EQ(field->GetTextControl()->GetTextEdit()->UI_GetAccessibleName(), "In point");
 }
 
 TEST_F(TimecodeEdit, IsAPlainTextWhenFixed) {

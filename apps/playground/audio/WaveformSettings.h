@@ -29,7 +29,6 @@ inline constexpr int kDecibelGrid = -1;
 
 // Everything about a waveform picture that a user can set by hand, apart from the view and the selection.
 // What has no value follows the theme.
-// NOLINTNEXTLINE(clang-analyzer-optin.performance.Padding): what belongs together stands together
 struct WaveformSettings {
   std::array<std::optional<moxui::ColorRGBA>, kWaveformColorCount> colors;
   bool coloredChannels = true;

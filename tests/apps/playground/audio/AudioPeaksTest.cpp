@@ -20,6 +20,7 @@
 #include <fstream>
 #include <memory>
 #include <string>
+#include <thread>
 #include <vector>
 
 namespace playground {
@@ -51,6 +52,15 @@ class AudioPeaks : public testing::Test {
     fs::path const path = WriteBytes(folder.Path(), "long.wav", "stands for a long file");
     Session().OpenFiles({path.string()});
     return path;
+  }
+  // Returns when a sound that has begun, and is closed somewhere, has been read up to there.
+  void WaitUntilHeldUp(MadeUpSound const& sound) {
+    Session().WaitForOpening();
+    sound.WaitForAReader();
+    // Its reader begins a moment before the pyramid is handed out.
+    for (Session().Refresh(); Current().CurrentState() == State::kOpening; Session().Refresh()) {
+      std::this_thread::yield();
+    }
   }
   static std::shared_ptr<MadeUpSound> Sound(std::int64_t frames, MadeUpSound::Clicks clicks) {
     return std::make_shared<MadeUpSound>(
@@ -96,9 +106,7 @@ TEST_F(AudioPeaks, PictureGrowsWithWhatHasBeenRead) {
   auto const sound = Sound(8 * kPage, {{kPage, 0.9f}, {7 * kPage, 0.9f}});
   sound->CloseFrom(4 * kPage);
   Begin(sound);
-  sound->WaitForAReader();
-  Session().WaitForOpening();
-  Session().Refresh();
+  WaitUntilHeldUp(*sound);
   EXPECT_EQ(Current().CurrentState(), State::kBuilding);
   EXPECT_EQ(Current().Progress(), 0.5);
   EXPECT_EQ(Progress().Report().text, "Reading the sound: 50 %");
@@ -135,9 +143,7 @@ TEST_F(AudioPeaks, CancelInTheMiddleKeepsWhatIsThereAndCanBeTakenBack) {
   auto const sound = Sound(8 * kPage, {{kPage, 0.9f}});
   sound->CloseFrom(4 * kPage);
   Begin(sound);
-  Session().WaitForOpening();
-  sound->WaitForAReader();
-  Session().Refresh();
+  WaitUntilHeldUp(*sound);
   program.stage.PaintFrame();
   EXPECT_EQ(Progress().Button().GetTextLabel(), u"Cancel");
   program.stage.Click(program.stage.CenterOf(Progress().Button()));

@@ -1,5 +1,6 @@
 #include "program/Program.h"
 
+#include "program/AppearanceState.h"
 #include "program/CommandLine.h"
 #include "program/Localized.h"
 #include "program/ProgramWindow.h"
@@ -92,6 +93,8 @@ int RunWithPlatform(CommandLine const& line, Settings settings, std::optional<st
     wave.rulerUnit = settings.rulerCountsSamples ? RulerUnit::kSamples : RulerUnit::kTime;
   });
   state.page = page.value_or(FindPageOrFirst(settings.page));
+  // What can't be opened is told of in the user's language.
+  ApplyAppearance(state.appearance);
   state.audio.SetFailureFunction([](OpenFailure const& failure) { Complain(failure.Sentence()); });
   if (line.task != ProgramTask::kRender) {
     state.audio.SetPeaksOptions(KeepingPeaks());

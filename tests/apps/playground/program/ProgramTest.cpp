@@ -98,6 +98,13 @@ TEST_F(Program, RendersTheSamePicturesEachTime) {
   }
 }
 
+TEST_F(Program, TellsOfABadFileInTheLanguageAskedFor) {
+  std::string const file = WriteBytes(Folder(), "leer.dat", "").string();
+  ProgramRun const run({"--render", Out(), "--page", "audio", "--language", "de", file}, Folder());
+  EXPECT_EQ(run.code, 1);
+  EXPECT_THAT(run.errors, HasSubstr("Die Datei ist leer."));
+}
+
 TEST_F(Program, RendersEachOfSeveralSounds) {
   auto const one = WriteTone(Folder(), "one.wav");
   auto const two = WriteTone(Folder(), "two.wav", 1);

@@ -10,6 +10,7 @@
 #include <filesystem>
 #include <fstream>
 #include <string>
+#include <utility>
 
 namespace moxcore::config {
 namespace {
@@ -114,6 +115,28 @@ TEST_F(ExtractTexts, FindsThoseOfTheHostAndOfTheProgram) {
   EXPECT_EQ(mExitCode, 0) << mFaults;
   EXPECT_THAT(mTemplate, HasSubstr("msgctxt \"$$$/playground/language\"\nmsgid \"Language\"\n"));
   EXPECT_THAT(Translated("xu").problems, IsEmpty());
+}
+
+// A text that the translator never saw stands in English among German ones, and nothing else tells of it.
+// Those that are the same in German stand in the file without a translation.
+TEST_F(ExtractTexts, GermanHasEveryTextOfTheHostAndOfTheProgram) {
+  for (auto const& [folders, file] : {std::pair{"", "/resources/PO/de.po"},
+                                      {"'" MOX_SOURCE_DIR "/apps'", "/apps/playground/resources/PO/de.po"}}) {
+    Run(folders);
+    ASSERT_EQ(mExitCode, 0) << mFaults;
+    std::ifstream stream(std::string(MOX_SOURCE_DIR) + file);
+    std::string const german(std::istreambuf_iterator<char>(stream), {});
+    Catalogue const all = Translated("xu");
+    ASSERT_GT(all.texts.size(), 20u);
+    for (auto const& [key, text] : all.texts) {
+      std::string const name(key.begin(), key.end());
+      EXPECT_NE(german.find("msgctxt \"" + name + "\"\n"), std::string::npos)
+          << name << " is missing in " << file;
+    }
+    for (auto const& [key, text] : ParseCatalogue(german).texts) {
+      EXPECT_TRUE(all.texts.contains(key)) << key << " in " << file << " is used nowhere";
+    }
+  }
 }
 
 }  // namespace

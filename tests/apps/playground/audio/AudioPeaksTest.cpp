@@ -164,9 +164,10 @@ TEST_F(AudioPeaks, CancelInTheMiddleKeepsWhatIsThereAndCanBeTakenBack) {
 
 TEST_F(AudioPeaks, OpeningIsGivenUp) {
   auto const sound = Sound(8 * kPage, {});
-  std::atomic<bool> isOpen = false;
-  options.open = [&isOpen, sound](std::string const&) {
-    isOpen.wait(false);
+  // What is given up may begin to wait when this test is over.
+  auto const isOpen = std::make_shared<std::atomic<bool>>(false);
+  options.open = [isOpen, sound](std::string const&) {
+    isOpen->wait(false);
     return sound;
   };
   Session().SetPeaksOptions(options);
@@ -176,8 +177,8 @@ TEST_F(AudioPeaks, OpeningIsGivenUp) {
   program.stage.Click(program.stage.CenterOf(Progress().Button()));
   EXPECT_THAT(Session().Opening(), IsEmpty());
   EXPECT_FALSE(Progress().UI_IsShown());
-  isOpen = true;
-  isOpen.notify_all();
+  *isOpen = true;
+  isOpen->notify_all();
   Session().WaitForPeaks();
   EXPECT_EQ(Session().Documents().size(), 1u);
 }

@@ -113,7 +113,8 @@ bool AudioDocument::Refresh() {
   if (!mPeaks) {
     return false;
   }
-  auto const before = PropertiesOf(mSource.get(), nullptr);
+  auto const before = PropertiesOf(mSource.get(), mPyramid.get());
+  double const finestBefore = FinestZoom();
   mState = mPeaks->GetState();
   mProblem = mPeaks->GetProblem();
   // The two change together; what comes between two looks belongs to another file.
@@ -121,7 +122,7 @@ bool AudioDocument::Refresh() {
     mSource = mPeaks->GetSource();
     mPyramid = mPeaks->GetPyramid();
   } while (mSource != mPeaks->GetSource());
-  return IsAnotherSound(before, PropertiesOf(mSource.get(), nullptr));
+  return IsAnotherSound(before, PropertiesOf(mSource.get(), mPyramid.get())) || FinestZoom() != finestBefore;
 }
 
 void AudioDocument::Cancel() {

@@ -67,19 +67,9 @@ void AudioSession::OpenFiles(std::vector<std::string> const& paths) {
   mShowsNextOpened = true;
   moxaudiotoolkit::FilePeaksOptions options = mPeaksOptions;
   options.onChange = mBell.Rope();
-  OpenFailure failure;
   for (std::string const& path : paths) {
-    if (!IsPeakFile(path)) {
-      mOpening.emplace_back(path, options);
-    } else if (auto document = OpenPeakFile(path, failure)) {
-      mOpening.push_back(std::move(*document));
-      options.onChange();
-    } else {
-      mFailures.push_back(failure);
-      if (mFailureFunction) {
-        mFailureFunction(failure);
-      }
-    }
+    options.readPeaks = IsPeakFile(path) ? ReadPeakFile : nullptr;
+    mOpening.emplace_back(path, options);
   }
   Tell(SessionChange::kFailures | SessionChange::kPeaks);
 }

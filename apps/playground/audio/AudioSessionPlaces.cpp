@@ -36,7 +36,7 @@ void AudioSession::ReturnToPlace() {
 }
 
 ViewPlace AudioSession::Fitted(ViewPlace place) const {
-  if (place.view.Frames() != mView.Frames()) {
+  if (place.view.Frames() != mView.Frames() || place.view.Finest() != mView.Finest()) {
     // The file has become another one since.
     Viewport view = mView;
     view.Show(place.view.Left(), place.view.Left() + place.view.VisibleSamples());

@@ -48,8 +48,7 @@ ExportBar::ExportBar(AudioSession& session) : mSession(session) {
 ExportBar::~ExportBar() = default;
 
 bool ExportBar::IsRunning() const {
-  FileExport const* const current = mSession.Exports().Current();
-  return current != nullptr && current->GetState() == FileExport::State::kRunning;
+  return mSession.Exports().IsRunning();
 }
 
 bool ExportBar::Update() {

@@ -56,6 +56,9 @@ std::string NameOf(FileExport const& file) {
 }  // namespace
 
 bool CanExport(AudioSession const& session, ExportKind kind) {
+  if (session.Exports().IsRunning()) {
+    return false;
+  }
   AudioDocument const& document = session.Current();
   if (kind == ExportKind::kWave) {
     return document.Source() && document.Frames() > 0 && !ChannelsThatAreOn(session).empty();
@@ -106,9 +109,13 @@ void Exporter::Cancel() {
 }
 
 void Exporter::Dismiss() {
-  if (mExport && mExport->GetState() != FileExport::State::kRunning) {
+  if (!IsRunning()) {
     mExport.reset();
   }
+}
+
+bool Exporter::IsRunning() const {
+  return mExport && mExport->GetState() == FileExport::State::kRunning;
 }
 
 std::string Exporter::Sentence() const {

@@ -18,13 +18,13 @@ enum class ExportKind {
 };
 
 // Whether the session's sound can be exported so: WAV files need samples and a channel that is on, peak files
-// all of the peaks.
+// all of the peaks. Nothing can while another export runs.
 bool CanExport(AudioSession const& session, ExportKind kind);
 
 // What the user is asked for the file with, which says what will be in it.
 moxui::platform::FileRequest RequestForExport(AudioSession const& session, ExportKind kind);
 
-// What a session exports, one file at a time. Beginning another one cancels the one before.
+// What a session exports, one file at a time: while one is being written no other begins.
 class Exporter {
  public:
   void Start(AudioSession const& session, ExportKind kind, std::string const& path);
@@ -32,6 +32,7 @@ class Exporter {
   // Forgets an export that has ended.
   void Dismiss();
 
+  bool IsRunning() const;
   // Null when there is none; one that has ended stays until it is dismissed.
   FileExport* Current() const { return mExport.get(); }
   // How it goes, or went, in a sentence; empty when there is none.

@@ -3,7 +3,6 @@
 #include "program/Localized.h"
 
 #include <moxaudiotoolkit/AudioFileError.h>
-#include <moxcore/threads/Executor.h>
 
 #include <atomic>
 #include <condition_variable>
@@ -70,17 +69,13 @@ class FileExport::Job {
   std::string mProblem;
 };
 
-FileExport::FileExport(std::string path, Work work, std::shared_ptr<moxcore::threads::IExecutor> executor)
-    : mJob(std::make_shared<Job>(std::move(path), std::move(work))) {
-  if (!executor) {
-    executor = moxcore::threads::GetCPUBoundExecutor();
-  }
-  executor->Execute([job = mJob] { job->Run(); });
-}
+FileExport::FileExport(std::string path, Work work)
+    : mJob(std::make_unique<Job>(std::move(path), std::move(work))),
+      mThread([job = mJob.get()] { job->Run(); }) {}
 
 FileExport::~FileExport() {
   mJob->Cancel();
-  mJob->Wait();
+  mThread.join();
 }
 
 std::string const& FileExport::Path() const {

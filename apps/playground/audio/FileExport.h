@@ -3,16 +3,14 @@
 #include <functional>
 #include <memory>
 #include <string>
-
-namespace moxcore::threads {
-class IExecutor;
-}
+#include <thread>
 
 namespace playground {
 
-// The making of a file, on another thread from construction on. What makes it writes beside the file, which
-// appears whole at the end: a cancelled or failed export leaves what was there and nothing else. The
-// destructor cancels and waits.
+// The making of a file, on a thread of its own from construction on: in a pool it would wait, with all who
+// wait for its end, until long sounds are read. What makes it writes beside the file, which appears whole at
+// the end: a cancelled or failed export leaves what was there and nothing else. The destructor cancels and
+// waits.
 class FileExport {
  public:
   enum class State { kRunning, kDone, kCancelled, kFailed };
@@ -21,9 +19,8 @@ class FileExport {
   // Does the work; false when a report had it end. Throws when it fails.
   using Work = std::function<bool(Report const& report)>;
 
-  // `path` is UTF-8, and only what the export is known by. A null executor stands for the one for work that
-  // computes.
-  FileExport(std::string path, Work work, std::shared_ptr<moxcore::threads::IExecutor> executor = nullptr);
+  // `path` is UTF-8, and only what the export is known by.
+  FileExport(std::string path, Work work);
   ~FileExport();
   FileExport(FileExport const&) = delete;
   FileExport& operator=(FileExport const&) = delete;
@@ -41,7 +38,8 @@ class FileExport {
 
  private:
   class Job;
-  std::shared_ptr<Job> mJob;
+  std::unique_ptr<Job> mJob;
+  std::thread mThread;
 };
 
 }  // namespace playground

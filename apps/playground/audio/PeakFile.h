@@ -1,17 +1,21 @@
 #pragma once
 
-#include "audio/AudioDocument.h"
-
-#include <optional>
+#include <atomic>
+#include <memory>
 #include <string>
+
+namespace moxaudiotoolkit {
+class PeakPyramid;
+}
 
 namespace playground {
 
 // Whether a file's name is that of a peak file (.dat), whatever the case.
 bool IsPeakFile(std::string const& path);
 
-// A waveform without its sound: the peaks that a .dat file holds. Nothing, with the reason in `failure`, when
-// that can't be read; never throws for what is wrong with the file.
-std::optional<AudioDocument> OpenPeakFile(std::string const& path, OpenFailure& failure);
+// A waveform without its sound: the peaks that a .dat file holds. Throws what moxaudiotoolkit::ReadPeakData
+// does, kCancelled soon after `cancelled` has become true.
+std::shared_ptr<moxaudiotoolkit::PeakPyramid const> ReadPeakFile(std::string const& path,
+                                                                 std::atomic<bool> const& cancelled);
 
 }  // namespace playground

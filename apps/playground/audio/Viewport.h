@@ -13,6 +13,7 @@ class Viewport {
 
   std::int64_t Frames() const { return mFrames; }
   int Width() const { return mWidth; }
+  double Finest() const { return mFinest; }
   double Left() const { return mLeft; }
   double SamplesPerPixel() const { return mSamplesPerPixel; }
   double VisibleSamples() const { return mSamplesPerPixel * mWidth; }

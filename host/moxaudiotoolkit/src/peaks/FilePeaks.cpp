@@ -214,6 +214,10 @@ class FilePeaks::Worker {
   }
 
   State Make() {
+    if (mOptions.readPeaks) {
+      Show(mOptions.readPeaks(mPath, mCancelled), nullptr, false);
+      return State::kDone;
+    }
     const std::shared_ptr<const SampleSource> source =
         mOptions.open ? mOptions.open(mPath) : OpenSampleSource(mPath, &mCancelled);
     if (GetPyramid() == nullptr) {

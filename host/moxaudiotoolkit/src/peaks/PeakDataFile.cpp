@@ -189,7 +189,7 @@ PeakData ParsePeakData(std::span<const std::uint8_t> bytes, const std::string& n
   return data;
 }
 
-PeakData ReadPeakData(const std::string& path) {
+PeakData ReadPeakData(const std::string& path, const std::atomic<bool>* cancelled) {
   PlainFile file(path);
   std::uint8_t head[kHeaderBytes2];
   const std::span<std::uint8_t> start =
@@ -199,12 +199,24 @@ PeakData ReadPeakData(const std::string& path) {
   const std::size_t header = HeaderBytes(data);
   const std::uint64_t bodyBytes = file.GetSize() - header;
   CheckBody(data, bodyBytes, path);
-  data.values.reserve(bodyBytes / (data.has8Bits ? 1 : 2));
+  const std::uint64_t values = bodyBytes / (data.has8Bits ? 1 : 2);
+  if (values > kMostPeakValues) {
+    Throw(
+        AudioFileFault::kTooLong, path,
+        "$$$/moxaudiotoolkit/Error/PeaksTooLong=The peak file is too large: it has @0 peaks; up to @1 can be "
+        "read.",
+        {std::to_string(values / 2), std::to_string(kMostPeakValues / 2)});
+  }
+  data.values.reserve(values);
   const auto block = std::make_unique_for_overwrite<std::uint8_t[]>(kBlockBytes);
   // The start of the body has been read with the header of the other version.
   std::size_t kept = start.size() - header;
   std::copy_n(head + header, kept, block.get());
   for (std::uint64_t done = 0; done < bodyBytes;) {
+    if (cancelled != nullptr && cancelled->load(std::memory_order_relaxed)) {
+      Throw(AudioFileFault::kCancelled, path,
+            "$$$/moxaudiotoolkit/Error/Cancelled=The opening was cancelled.");
+    }
     const auto size = static_cast<std::size_t>(std::min<std::uint64_t>(kBlockBytes, bodyBytes - done));
     file.Read({block.get() + kept, size - kept});
     AppendPairs({block.get(), size}, data, path);

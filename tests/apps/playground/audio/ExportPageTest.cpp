@@ -4,16 +4,23 @@
 #include "playground/SoundFiles.h"
 #include "playground/StagedProgram.h"
 #include "playground/TemporaryFolder.h"
+#include "playground/playback/CountingSource.h"
 #include "program/Localized.h"
 
+#include <moxaudiotoolkit/peaks/PeakBuilder.h>
 #include <moxaudiotoolkit/peaks/PeakDataFile.h>
 #include <moxaudiotoolkit/peaks/SampleSource.h>
+#include <moxcore/threads/Executor.h>
 #include <moxui/platform/ModalResponder.h>
 #include <moxui/ui/KeyboardEvent.h>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cstdint>
+#include <filesystem>
+#include <memory>
+#include <semaphore>
 #include <string>
 
 namespace playground {
@@ -51,6 +58,15 @@ class Answers : public moxui::platform::ModalResponder {
  private:
   ModalResponder* mBefore;
 };
+
+moxaudiotoolkit::PeakData PeaksOfOneSize(std::uint32_t length, std::int16_t size) {
+  moxaudiotoolkit::PeakData data{
+      .sampleRate = 48000, .samplesPerPixel = 256, .channelCount = 1, .length = length, .values = {}};
+  for (std::uint32_t i = 0; i < length; ++i) {
+    data.values.insert(data.values.end(), {static_cast<std::int16_t>(-size), size});
+  }
+  return data;
+}
 
 class ExportPage : public testing::Test {
  protected:
@@ -129,6 +145,48 @@ TEST_F(ExportPage, GivingUpTheDialogExportsNothing) {
   EXPECT_FALSE(Bar().UI_IsShown());
 }
 
+TEST_F(ExportPage, NoOtherBeginsWhileOneRunsAndCancellingItLeavesNothing) {
+  auto const source = std::make_shared<CountingSource>(1'000'000);
+  moxaudiotoolkit::PeakBuilder builder(source);
+  builder.Wait();
+  program.Session().AddDocument({"held", source, builder.GetPyramid()});
+  source->Hold();
+  answers.path = Path("held.wav");
+  PressExport();
+  EXPECT_FALSE(CanExport(program.Session(), ExportKind::kWave));
+  answers.path = Path("other.wav");
+  PressExport();
+  EXPECT_EQ(answers.dialogs, 1);
+  EXPECT_THAT(Bar().Sentence(), HasSubstr("Exporting held.wav"));
+  program.stage.PaintFrame();
+  program.stage.Click(program.stage.CenterOf(Bar().Button()));
+  source->LetThrough();
+  Finish();
+  EXPECT_EQ(Bar().Sentence(), "The export of held.wav was cancelled.");
+  EXPECT_TRUE(std::filesystem::is_empty(folder.Path()));
+  EXPECT_TRUE(CanExport(program.Session(), ExportKind::kWave));
+}
+
+TEST_F(ExportPage, AFullPoolHoldsNoExportUp) {
+  auto const pool = moxcore::threads::GetCPUBoundExecutor();
+  std::counting_semaphore<> end{0};
+  for (int i = 0; i < pool->GetThreadCount(); ++i) {
+    pool->Execute([&end] { end.acquire(); });
+  }
+  answers.path = Path("all.wav");
+  PressExport();
+  Finish();
+  EXPECT_EQ(Bar().Sentence(), "Exported all.wav.");
+  std::counting_semaphore<> ended{0};
+  end.release(pool->GetThreadCount());
+  for (int i = 0; i < pool->GetThreadCount(); ++i) {
+    pool->Execute([&ended] { ended.release(); });
+  }
+  for (int i = 0; i < pool->GetThreadCount(); ++i) {
+    ended.acquire();
+  }
+}
+
 TEST_F(ExportPage, FailureIsToldWithItsReason) {
   answers.path = Path("gone/out.wav");
   PressExport();
@@ -187,6 +245,55 @@ TEST_F(ExportPage, PeakFileIsShownWithoutItsSound) {
   program.Session().ShowDocument(0);
   program.Session().ChangeView([](Viewport& view) { view.ZoomAt(0.0, 1e9); });
   EXPECT_EQ(program.Session().View().SamplesPerPixel(), 1.0 / Viewport::kMostColumnsPerSample);
+}
+
+TEST_F(ExportPage, PeakFilesAreReadOnAnotherThreadAndCanBeGivenUp) {
+  moxaudiotoolkit::WritePeakData(Path("peaks.dat"), PeaksOfOneSize(500, 100));
+  program.Session().OpenFiles({Path("peaks.dat")});
+  EXPECT_EQ(program.Session().Opening().size(), 1u);
+  EXPECT_EQ(program.Session().Documents().size(), 1u);
+  program.Session().CancelOpening();
+  program.Session().WaitForPeaks();
+  EXPECT_EQ(program.Session().Documents().size(), 1u);
+  EXPECT_EQ(program.Audio().FailureText(), "");
+}
+
+TEST_F(ExportPage, PeakFileThatChangesIsShownAnew) {
+  moxaudiotoolkit::WritePeakData(Path("peaks.dat"), PeaksOfOneSize(5'000, 100));
+  Open(Path("peaks.dat"));
+  auto const before = program.Picture();
+  moxaudiotoolkit::WritePeakData(Path("peaks.dat"), PeaksOfOneSize(5'000, 30'000));
+  program.Session().PollForChanges();
+  program.Session().WaitForPeaks();
+  EXPECT_FALSE(program.Picture() == before);
+  EXPECT_EQ(program.Session().Documents().size(), 2u);
+  // Half as many of twice the size are as long, and end the zoom earlier.
+  moxaudiotoolkit::PeakData coarse = PeaksOfOneSize(2'500, 30'000);
+  coarse.samplesPerPixel *= 2;
+  moxaudiotoolkit::WritePeakData(Path("peaks.dat"), coarse);
+  program.Session().PollForChanges();
+  program.Session().WaitForPeaks();
+  program.Session().ChangeView([](Viewport& view) { view.ZoomAt(0.0, 1e9); });
+  EXPECT_EQ(program.Session().View().SamplesPerPixel(), 512.0);
+  // One that can't be read keeps the picture of the one before.
+  WriteBytes(folder.Path(), "peaks.dat", "no peaks");
+  program.Session().PollForChanges();
+  program.Session().WaitForPeaks();
+  EXPECT_EQ(program.Session().Current().Frames(), 1'280'000);
+  EXPECT_THAT(program.Session().Current().Problem(), HasSubstr("too short"));
+}
+
+TEST_F(ExportPage, SmallAndEmptyPeakFilesAreDrawnAtEachState) {
+  for (std::uint32_t const length : {0u, 1u, 10u}) {
+    moxaudiotoolkit::WritePeakData(Path("peaks.dat"), PeaksOfOneSize(length, 30'000));
+    Open(Path("peaks.dat"));
+    EXPECT_EQ(program.Session().Current().Frames(), length * 256);
+    for (std::size_t state = 0; state < 5; ++state) {
+      program.Audio().ShowState(state);
+      program.Picture();
+    }
+    EXPECT_EQ(program.Audio().FailureText(), "");
+  }
 }
 
 TEST_F(ExportPage, BadPeakFilesAreToldOfLikeOtherFiles) {

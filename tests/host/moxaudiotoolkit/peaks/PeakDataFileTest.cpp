@@ -9,8 +9,10 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <atomic>
 #include <cmath>
 #include <filesystem>
+#include <fstream>
 #include <random>
 #include <stdexcept>
 
@@ -164,6 +166,39 @@ TEST(PeakDataFile, TellsWhyItCannotBeReadOrWritten) {
   wrong = data;
   wrong.channelCount = 2;
   EXPECT_THROW(MakePeakDataBytes(wrong), std::invalid_argument);
+}
+
+// A sparse file keeps what its header promises, and takes no room on the disk.
+TEST(PeakDataFile, RefusesMoreThanFitsIntoReasonableMemory) {
+  const TemporaryFolder folder;
+  for (const bool has8Bits : {false, true}) {
+    const auto pairs = static_cast<std::uint32_t>(kMostPeakValues / 2 / 256 + 1);
+    const Bytes head = Head(2, has8Bits ? 1 : 0, 48000, 256, pairs, 256).bytes;
+    std::ofstream(folder / "a.dat", std::ios::binary)
+        .write(reinterpret_cast<const char*>(head.data()), static_cast<std::streamsize>(head.size()));
+    std::filesystem::resize_file(folder / "a.dat",
+                                 head.size() + std::uint64_t{pairs} * 256 * 2 * (has8Bits ? 1 : 2));
+    try {
+      ReadPeakData(folder / "a.dat");
+      FAIL() << "accepted";
+    } catch (const AudioFileError& error) {
+      EXPECT_EQ(error.GetFault(), AudioFileFault::kTooLong) << error.what();
+    }
+  }
+}
+
+TEST(PeakDataFile, ReadingIsGivenUp) {
+  const TemporaryFolder folder;
+  WritePeakData(folder / "a.dat", {2, false, 48000, 256, 1, 1, {-5, 6}});
+  std::atomic<bool> cancelled{false};
+  EXPECT_EQ(ReadPeakData(folder / "a.dat", &cancelled).length, 1U);
+  cancelled = true;
+  try {
+    ReadPeakData(folder / "a.dat", &cancelled);
+    FAIL() << "went on";
+  } catch (const AudioFileError& error) {
+    EXPECT_EQ(error.GetFault(), AudioFileFault::kCancelled);
+  }
 }
 
 TEST(PeakDataFile, HoldsThePeaksOfAPyramidRoundedToTheNearest) {

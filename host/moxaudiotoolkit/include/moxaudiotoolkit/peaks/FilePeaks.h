@@ -1,5 +1,6 @@
 #pragma once
 
+#include <atomic>
 #include <functional>
 #include <memory>
 #include <string>
@@ -24,6 +25,11 @@ struct FilePeaksOptions {
   // How the samples of the file are read; called on another thread, and throws why they can't be. Null:
   // OpenSampleSource.
   std::function<std::shared_ptr<const SampleSource>(const std::string& path)> open = nullptr;
+  // For a file of peaks without samples: makes its pyramid in place of all the above. Called on another
+  // thread; throws why there is none, AudioFileFault::kCancelled soon after `cancelled` has become true.
+  std::function<std::shared_ptr<const PeakPyramid>(const std::string& path,
+                                                   const std::atomic<bool>& cancelled)>
+      readPeaks = nullptr;
 };
 
 // The peaks of a sound file for as long as someone looks at it. From construction on they come from the
@@ -48,7 +54,7 @@ class FilePeaks {
   FilePeaks& operator=(const FilePeaks&) = delete;
 
   // Both null until the file has been opened; the pyramid follows the source once it is begun. Both are
-  // replaced together when it is built anew.
+  // replaced together when it is built anew. A file of peaks has no source.
   std::shared_ptr<const PeakPyramid> GetPyramid() const;
   std::shared_ptr<const SampleSource> GetSource() const;
   State GetState() const;

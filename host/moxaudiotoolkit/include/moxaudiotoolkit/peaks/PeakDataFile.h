@@ -2,6 +2,7 @@
 
 #include <moxaudiotoolkit/AudioFileError.h>
 
+#include <atomic>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -28,11 +29,16 @@ struct PeakData {
   bool operator==(const PeakData&) const = default;
 };
 
+// In a file that is read, smallest and largest counted each: 1 GiB in memory, which holds two channels for 47
+// hours at 48 kHz and 64 samples a pair.
+inline constexpr std::uint64_t kMostPeakValues = std::uint64_t{1} << 29;
+
 // Throw AudioFileError: kNotFound, kNotReadable, kNotAFile and kEmpty like AudioFile; kNotAudio for a file
 // of another kind or byte order; kTruncated when it is shorter than its header says and kDamaged when it is
 // longer or contradicts itself; kBadChannelCount, kBadSampleRate. Memory is taken for the bytes that are
-// there.
-PeakData ReadPeakData(const std::string& path);
+// there. A file's may be sparse and cost nobody anything: kTooLong beyond kMostPeakValues. `cancelled` as for
+// AudioFile.
+PeakData ReadPeakData(const std::string& path, const std::atomic<bool>* cancelled = nullptr);
 PeakData ParsePeakData(std::span<const std::uint8_t> bytes, const std::string& name);
 
 // Little-endian, whatever the machine. Throws std::invalid_argument when the data contradicts itself.

@@ -482,9 +482,9 @@ void AudioPage::DrawNotice(moxui::scriber::Scriber* scriber, WaveformColor groun
 void AudioPage::DrawEmptyState(moxui::scriber::Scriber* scriber) const {
   RectT<float> const wave = Placed(WaveformFrame(), UI_GetLocalRectF(false).width);
   moxui::utils::DrawOutline(scriber, wave.Inset(0.5f), ThemeColor(ThemeColorID::kGray4), 1.0f);
-  DrawNotice(
-      scriber, WaveformColor::kControl, Text16("$$$/playground/audio/emptyTitle=Drop a sound here"),
-      Text16("$$$/playground/audio/emptyText=WAV, AIFF, FLAC, Ogg, Opus or MP3, or open one with Ctrl+O."));
+  DrawNotice(scriber, WaveformColor::kControl, Text16("$$$/playground/audio/emptyTitle=Drop a sound here"),
+             Text16("$$$/playground/audio/emptyText=WAV, AIFF, FLAC, Ogg, Opus, MP3 or .dat peaks, or open "
+                    "one with Ctrl+O."));
 }
 
 }  // namespace playground

@@ -43,13 +43,17 @@ std::string ScaleText(double scale) {
   return Text("$$$/playground/scale/percent=@0 %", {TextFromNumber(scale * 100.0, 1)});
 }
 
-// A translated language is called by its tag.
+// A language as those who speak it call it, so that they find it among others; by its tag if unknown.
+std::string OwnName(std::string const& tag) {
+  return tag == "de" ? "Deutsch" : tag;
+}
+
 std::vector<std::string> LanguageTexts(std::vector<LanguageChoice> const& languages) {
   std::vector<std::string> texts;
   for (LanguageChoice const& language : languages) {
     texts.push_back(language == LanguageChoice::kEnglish  ? Text("$$$/playground/language/english=English")
                     : language == LanguageChoice::kPseudo ? Text("$$$/playground/language/pseudo=Pseudo")
-                                                          : language.tag);
+                                                          : OwnName(language.tag));
   }
   return texts;
 }

@@ -9,7 +9,7 @@ namespace {
 
 class SdlOutput : public AudioOutput {
  public:
-  ~SdlOutput() override { Close(); }
+  ~SdlOutput() override { SdlOutput::Close(); }
 
   AudioFormat Open(AudioFormat const& wanted, PullFunction pull) override {
     Close();

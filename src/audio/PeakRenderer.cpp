@@ -120,7 +120,8 @@ void WaveformDraw::PaintPeakPicture(PeakPicture const& picture, WaveformDataProp
   std::vector<std::int64_t> const gridColumns =
       grid ? FindGridColumns(GetVerticalGridlinePositions(), firstColumn, picture.width)
            : std::vector<std::int64_t>{};
-  int const linesPerChannel = static_cast<int>(horizontal.size() / properties.channelCount);
+  int const linesPerChannel =
+      static_cast<int>(horizontal.size() / std::max<std::size_t>(properties.channelCount, 1));
   float const opacityBase = GetOpacityBase(layered, mLayeredChannelDrawingStyle);
   for (int channel = channels - 1; channel >= 0; --channel) {
     int const firstRow = channel * stride;

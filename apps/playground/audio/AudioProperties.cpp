@@ -5,6 +5,8 @@
 #include "program/Localized.h"
 #include "program/NumberText.h"
 
+#include <moxaudiotoolkit/peaks/PeakPyramid.h>
+
 #include <algorithm>
 #include <cmath>
 #include <string>
@@ -213,7 +215,8 @@ bool DrawsPeaks(AudioSession const& session) {
   return session.HasSound() && !session.DrawsSamples();
 }
 bool DrawsRms(AudioSession const& session) {
-  return DrawsPeaks(session) && !session.Settings().layered;
+  auto const& pyramid = session.Current().Pyramid();
+  return DrawsPeaks(session) && !session.Settings().layered && (!pyramid || pyramid->GetFormat().hasRms);
 }
 bool HasSelection(AudioSession const& session) {
   return !session.Selection().IsEmpty();

@@ -58,15 +58,15 @@ std::vector<Level> Decibels(WaveformSettings const& settings, double fullScale, 
 std::vector<LevelLine> LevelLines(WaveformSettings const& settings, ChannelStrips const& strips,
                                   double scale) {
   std::vector<LevelLine> lines;
-  if (settings.amplitudeDivisions == 0) {
+  bool const inDecibels = settings.amplitudeDivisions == kDecibelGrid;
+  if (settings.amplitudeDivisions == 0 || (inDecibels && settings.layered)) {
     return lines;
   }
   bool const bipolar = settings.peakStyle == PeakStyle::kBipolar;
   double const fullScale = bipolar ? strips.Centre() : strips.height;
   double const silence = bipolar ? strips.Centre() : strips.height;
-  std::vector<Level> const levels = settings.amplitudeDivisions == kDecibelGrid
-                                        ? Decibels(settings, fullScale, scale)
-                                        : Shares(settings, fullScale);
+  std::vector<Level> const levels =
+      inDecibels ? Decibels(settings, fullScale, scale) : Shares(settings, fullScale);
   auto const add = [&](std::string const& label, double y) {
     lines.push_back({label, static_cast<std::int32_t>(std::clamp(std::floor(y), 0.0, strips.height - 1.0))});
   };

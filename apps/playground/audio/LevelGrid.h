@@ -16,7 +16,8 @@ struct LevelLine {
 };
 
 // The lines of a strip, from the top down, as the settings ask for them: at equal shares of full scale or
-// every 6 dB as far as there is room between them. Levels beyond the strip have none.
+// every 6 dB as far as there is room between them. Levels beyond the strip have none. Channels in one layer
+// have no lines in dB: the names of the channels stand where their labels would.
 std::vector<LevelLine> LevelLines(WaveformSettings const& settings, ChannelStrips const& strips,
                                   double scale);
 

@@ -98,7 +98,11 @@ class FilePeaks::Worker {
   bool PollForChange() {
     {
       const std::lock_guard lock(mMutex);
-      if (StampOf(mPath) == mStamp) {
+      const FileStamp now = StampOf(mPath);
+      const bool standsStill = now == std::exchange(mPolled, now);
+      // What is being written, by a recorder say, would never be read to its end.
+      const bool mayInterrupt = mHasEnded || standsStill;
+      if (now == mStamp || !mayInterrupt) {
         return false;
       }
     }
@@ -312,6 +316,7 @@ class FilePeaks::Worker {
   std::atomic<bool> mCancelled{false};
   mutable std::mutex mMutex;
   FileStamp mStamp;        // as it was when the work began
+  FileStamp mPolled;       // as it was at the latest poll
   bool mAgain = false;     // the thread is to begin anew
   bool mHasEnded = false;  // the thread looks at nothing of this any more but onChange
   State mState = State::kOpening;

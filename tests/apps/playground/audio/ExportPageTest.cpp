@@ -1,6 +1,8 @@
 #include "audio/EditBar.h"
 #include "audio/ExportBar.h"
 #include "audio/GlyphButton.h"
+#include "audio/PropertyPanel.h"
+#include "audio/PropertyRow.h"
 #include "playground/SoundFiles.h"
 #include "playground/StagedProgram.h"
 #include "playground/TemporaryFolder.h"
@@ -234,6 +236,7 @@ TEST_F(ExportPage, PeakFileIsShownWithoutItsSound) {
   EXPECT_THAT(document.Summary(), HasSubstr("Peaks without a sound, one for 256 samples"));
   EXPECT_FALSE(CanExport(program.Session(), ExportKind::kWave));
   EXPECT_TRUE(CanExport(program.Session(), ExportKind::kPeaks16));
+  EXPECT_FALSE(program.Audio().Panel().FindRow("rms")->UI_IsEnabled()) << "such a file has no RMS";
   // The zoom ends where the peaks do.
   program.Session().ChangeView([](Viewport& view) { view.ZoomAt(0.0, 1e9); });
   EXPECT_EQ(program.Session().View().SamplesPerPixel(), 256.0);
@@ -243,6 +246,7 @@ TEST_F(ExportPage, PeakFileIsShownWithoutItsSound) {
     program.Picture();
   }
   program.Session().ShowDocument(0);
+  EXPECT_TRUE(program.Audio().Panel().FindRow("rms")->UI_IsEnabled());
   program.Session().ChangeView([](Viewport& view) { view.ZoomAt(0.0, 1e9); });
   EXPECT_EQ(program.Session().View().SamplesPerPixel(), 1.0 / Viewport::kMostColumnsPerSample);
 }

@@ -58,6 +58,14 @@ TEST(LevelGrid, DividesFullScaleIntoEqualShares) {
   EXPECT_THAT(LinesOf(settings, 101), IsEmpty());
 }
 
+TEST(LevelGrid, HasNoDecibelsWhereAllChannelsShareALayer) {
+  WaveformSettings settings;
+  settings.layered = true;
+  EXPECT_THAT(LinesOf(settings, 101), IsEmpty());
+  settings.amplitudeDivisions = 1;
+  EXPECT_THAT(LinesOf(settings, 101), ElementsAre("0.5@25", "0.5@75"));
+}
+
 TEST(LevelGrid, LiesInTheStripOfEachChannel) {
   EXPECT_THAT(AmplitudeGrid({}, {.height = 41, .stride = 42}, 2, 1.0),
               ElementsAre(0, 10, 30, 40, 42, 52, 72, 82));

@@ -122,6 +122,25 @@ TEST_F(FilePeaksTest, NoticesAFileThatChangesUnderTheView) {
   EXPECT_FALSE(peaks.PollForChange());
 }
 
+TEST_F(FilePeaksTest, ReadsAFileThatIsBeingWrittenToItsEndBeforeItBeginsAnew) {
+  const std::string path = Write(0.5F);
+  const auto gated = std::make_shared<testing::GatedSource>(OpenSampleSource(path));
+  FilePeaks peaks(path, {.threadCount = 1, .open = [&](const std::string&) { return gated; }});
+  const auto grow = [&] { std::ofstream(path, std::ios::app) << "more"; };
+  grow();
+  EXPECT_FALSE(peaks.PollForChange());
+  grow();
+  EXPECT_FALSE(peaks.PollForChange());
+  EXPECT_TRUE(peaks.PollForChange()) << "it stands still";
+  gated->OpenUpTo(300'000);
+  peaks.Wait();
+  EXPECT_EQ(peaks.GetState(), State::kDone);
+  grow();
+  EXPECT_TRUE(peaks.PollForChange()) << "nothing is interrupted";
+  peaks.Wait();
+  EXPECT_FALSE(peaks.PollForChange());
+}
+
 TEST_F(FilePeaksTest, KeepsThePictureOfAFileThatVanishesAndTakesItsSuccessor) {
   const std::string path = Write(0.5F);
   FilePeaks peaks(path);

@@ -71,7 +71,9 @@ class FilePeaks {
   // Returns when all work has ended.
   void Wait();
   // Looks whether the file has changed since it was opened, which costs a microsecond. Then begins anew, with
-  // the old picture until there is a new one, and returns true.
+  // the old picture until the file has been opened again, and returns true. While the file is being read it
+  // has to have stood still since the last poll: one that grows on and on is read to its end before it is
+  // begun anew.
   bool PollForChange();
   // The same whether it has changed or not, as after a cancelled or failed build. Both return at once: what
   // runs is cancelled and followed by the new work.

@@ -30,10 +30,11 @@ function(mox_library name)
   set_property(GLOBAL APPEND PROPERTY MOX_INCLUDE_DIRS ${ARG_INCLUDE_DIR})
 endfunction()
 
-# mox_test(NAME DIRECTORY [LINK ...]): one test program from every *Test.cpp below DIRECTORY; other
-# sources there are its helpers. Tests whose path matches EXCLUDE are those of another program.
+# mox_test(NAME DIRECTORY [OPTIMIZED] [EXCLUDE REGEX] [LINK ...]): one test program from every *Test.cpp below
+# DIRECTORY; other sources there are its helpers. OPTIMIZED is for those that work out much by themselves. Tests
+# whose path matches EXCLUDE are those of another program.
 function(mox_test name directory)
-  cmake_parse_arguments(ARG "" "EXCLUDE" "LINK;ENVIRONMENT" ${ARGN})
+  cmake_parse_arguments(ARG "OPTIMIZED" "EXCLUDE" "LINK;ENVIRONMENT" ${ARGN})
   file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${directory}/*.cpp)
   if(ARG_EXCLUDE)
     list(FILTER sources EXCLUDE REGEX "${ARG_EXCLUDE}")
@@ -51,7 +52,7 @@ function(mox_test name directory)
   endif()
   target_compile_definitions(${name} PRIVATE
     MOX_TEST_DATA_DIR="${CMAKE_CURRENT_SOURCE_DIR}" MOX_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
-  if(MOX_TEST_OPTIMIZATION)
+  if(MOX_TEST_OPTIMIZATION AND NOT ARG_OPTIMIZED)
     separate_arguments(optimization UNIX_COMMAND "${MOX_TEST_OPTIMIZATION}")
     target_compile_options(${name} PRIVATE ${optimization})
   endif()

@@ -54,6 +54,8 @@ bool ExportBar::IsRunning() const {
 bool ExportBar::Update() {
   bool const runs = IsRunning();
   std::string const sentence = mSession.Exports().Sentence();
+  // One that fails at once is never seen running.
+  bool const ends = !runs && !sentence.empty() && (mWasRunning || sentence != mSentence);
   if (runs && !mWasRunning) {
     UI_InstallTimer(kLookPeriod, kLookTimer);
   } else if (!runs && mWasRunning) {
@@ -70,7 +72,6 @@ bool ExportBar::Update() {
     LayOut();
     UI_Invalidate();
   }
-  bool const ends = mWasRunning && !runs;
   mWasRunning = runs;
   if (ends && mEnded) {
     mEnded(mSentence);

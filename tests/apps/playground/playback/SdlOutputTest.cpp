@@ -38,7 +38,9 @@ class SdlOutputTest : public ::testing::Test {
     std::ifstream stream(mPath, std::ios::binary);
     std::string const bytes{std::istreambuf_iterator<char>(stream), {}};
     std::vector<float> samples(bytes.size() / sizeof(float));
-    std::memcpy(samples.data(), bytes.data(), samples.size() * sizeof(float));
+    if (!samples.empty()) {
+      std::memcpy(samples.data(), bytes.data(), samples.size() * sizeof(float));
+    }
     return samples;
   }
   static void PlayToTheEnd(Player& player) {

@@ -30,6 +30,32 @@ function(mox_library name)
   set_property(GLOBAL APPEND PROPERTY MOX_INCLUDE_DIRS ${ARG_INCLUDE_DIR})
 endfunction()
 
+# How every test is compiled, OPTIMIZED or not. All in the same way, so that they can share a precompiled header:
+# programs that link Qt have to be position independent as libraries are, so all are; those that work results out
+# anew, bit by bit, have to round where the library does, so all do.
+function(mox_test_flags name optimized)
+  target_compile_options(${name} PRIVATE -fPIC -ffp-contract=off)
+  if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
+    # g++ 12 misreads inlined std::string concatenations, which tests are full of.
+    target_compile_options(${name} PRIVATE -Wno-array-bounds -Wno-restrict -Wno-stringop-overread
+      -Wno-stringop-overflow)
+  endif()
+  if(MOX_TEST_OPTIMIZATION AND NOT optimized)
+    separate_arguments(optimization UNIX_COMMAND "${MOX_TEST_OPTIMIZATION}")
+    target_compile_options(${name} PRIVATE ${optimization})
+  endif()
+endfunction()
+
+# mox_test_header(NAME OPTIMIZED): a precompiled header for tests that are, or are not, optimized.
+function(mox_test_header name optimized)
+  add_library(${name} OBJECT support/PrecompiledHeader.cpp)
+  target_link_libraries(${name} PRIVATE GTest::gmock)
+  mox_test_flags(${name} ${optimized})
+  target_precompile_headers(${name} PRIVATE <gmock/gmock.h> <gtest/gtest.h>
+    <algorithm> <any> <array> <atomic> <chrono> <cmath> <cstdint> <filesystem> <fstream> <functional> <map>
+    <memory> <mutex> <optional> <set> <sstream> <string> <string_view> <thread> <unordered_map> <utility> <vector>)
+endfunction()
+
 # mox_test(NAME DIRECTORY [OPTIMIZED] [EXCLUDE REGEX] [LINK ...]): one test program from every *Test.cpp below
 # DIRECTORY; other sources there are its helpers. OPTIMIZED is for those that work out much by themselves. Tests
 # whose path matches EXCLUDE are those of another program.
@@ -44,20 +70,14 @@ function(mox_test name directory)
   endif()
   add_executable(${name} ${sources})
   target_include_directories(${name} PRIVATE ${CMAKE_CURRENT_SOURCE_DIR} ${CMAKE_CURRENT_SOURCE_DIR}/${directory})
-  target_link_libraries(${name} PRIVATE ${ARG_LINK} GTest::gmock)
-  if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
-    # g++ 12 misreads inlined std::string concatenations, which tests are full of.
-    target_compile_options(${name} PRIVATE -Wno-array-bounds -Wno-restrict -Wno-stringop-overread
-      -Wno-stringop-overflow)
-  endif()
-  target_compile_definitions(${name} PRIVATE
-    MOX_TEST_DATA_DIR="${CMAKE_CURRENT_SOURCE_DIR}" MOX_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
-  if(MOX_TEST_OPTIMIZATION AND NOT ARG_OPTIMIZED)
-    separate_arguments(optimization UNIX_COMMAND "${MOX_TEST_OPTIMIZATION}")
-    target_compile_options(${name} PRIVATE ${optimization})
-  endif()
+  target_link_libraries(${name} PRIVATE ${ARG_LINK} test_folders GTest::gmock)
+  mox_test_flags(${name} ${ARG_OPTIMIZED})
   if(MOX_PRECOMPILED_HEADERS)
-    target_precompile_headers(${name} PRIVATE <gmock/gmock.h> <gtest/gtest.h> <string> <vector>)
+    if(ARG_OPTIMIZED)
+      target_precompile_headers(${name} REUSE_FROM test_header_optimized)
+    else()
+      target_precompile_headers(${name} REUSE_FROM test_header)
+    endif()
   endif()
   set(environment QT_QPA_PLATFORM=offscreen ${ARG_ENVIRONMENT})
   if(MOX_TESTS_BY_CASE)

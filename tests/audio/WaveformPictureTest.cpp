@@ -1,5 +1,6 @@
 // Whole pictures of waveforms as they come out of the raster.
 #include "PeakPictures.h"
+#include "support/Folders.h"
 
 #include <moxui/platform/PaintTarget.h>
 #include <moxui/scriber/Scriber.h>
@@ -69,7 +70,7 @@ void AddGrid(OpenWaveformDraw& draw) {
 
 class WaveformPicture : public ::testing::Test {
  protected:
-  WaveformPicture() { moxui::testing::SetGoldenFolder(MOX_TEST_DATA_DIR "/goldens"); }
+  WaveformPicture() { moxui::testing::SetGoldenFolder(tests::GoldenFolder()); }
 };
 
 TEST_F(WaveformPicture, OfPeaksWithGridAndSelection) {

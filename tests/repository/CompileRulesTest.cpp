@@ -1,4 +1,5 @@
 #include "CompileRules.h"
+#include "support/Folders.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -19,9 +20,9 @@ std::string Command(const std::string& file, const std::string& options) {
 }
 
 TEST(CompileRules, TheLibrarysArithmeticRoundsAsItIsWritten) {
-  std::ifstream stream(MOX_BUILD_DIR "/compile_commands.json");
+  std::ifstream stream(tests::BuildFolder() + "/compile_commands.json");
   const std::string commands(std::istreambuf_iterator<char>(stream), {});
-  EXPECT_THAT(InexactArithmetic(commands, MOX_SOURCE_DIR "/src"), IsEmpty());
+  EXPECT_THAT(InexactArithmetic(commands, tests::SourceFolder() + "/src"), IsEmpty());
 }
 
 TEST(CompileRules, ACommandThatContractsIsFound) {

@@ -1,5 +1,6 @@
 #include "DocumentRules.h"
 #include "MadeUpTree.h"
+#include "support/Folders.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -11,7 +12,7 @@ using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
 TEST(DocumentRules, LinksAndPicturesAreThere) {
-  const SourceTree tree = ReadSourceTree(MOX_SOURCE_DIR);
+  const SourceTree tree = ReadSourceTree(tests::SourceFolder());
   ASSERT_TRUE(tree.Has("README.md"));
   EXPECT_THAT(BrokenLinks(tree), IsEmpty());
 }

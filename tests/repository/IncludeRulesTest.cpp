@@ -1,5 +1,6 @@
 #include "IncludeRules.h"
 #include "MadeUpTree.h"
+#include "support/Folders.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -12,7 +13,7 @@ using ::testing::IsEmpty;
 using ::testing::StartsWith;
 
 const SourceTree& ThisTree() {
-  static const SourceTree kTree = ReadSourceTree(MOX_SOURCE_DIR);
+  static const SourceTree kTree = ReadSourceTree(tests::SourceFolder());
   return kTree;
 }
 

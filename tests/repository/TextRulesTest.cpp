@@ -1,5 +1,6 @@
 #include "MadeUpTree.h"
 #include "TextRules.h"
+#include "support/Folders.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -11,7 +12,7 @@ using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
 const SourceTree& ThisTree() {
-  static const SourceTree kTree = ReadSourceTree(MOX_SOURCE_DIR);
+  static const SourceTree kTree = ReadSourceTree(tests::SourceFolder());
   return kTree;
 }
 

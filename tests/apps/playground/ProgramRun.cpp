@@ -1,5 +1,7 @@
 #include "playground/ProgramRun.h"
 
+#include "support/Folders.h"
+
 #include <sys/wait.h>
 
 #include <cstdlib>
@@ -34,7 +36,7 @@ ProgramRun::ProgramRun(std::vector<std::string> const& arguments, std::filesyste
   for (std::string const& variable : variables) {
     command += Quoted(variable) + " ";
   }
-  command += Quoted(MOX_PLAYGROUND_PROGRAM);
+  command += Quoted(tests::ProgramPath("playground"));
   for (std::string const& argument : arguments) {
     command += " " + Quoted(argument);
   }

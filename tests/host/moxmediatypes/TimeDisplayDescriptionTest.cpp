@@ -1,3 +1,5 @@
+#include "support/Folders.h"
+
 #include <moxcore/config/Catalogue.h>
 #include <moxcore/config/Localizer.h>
 #include <moxmediatypes/TimeDisplay.h>
@@ -56,7 +58,7 @@ class GermanDescriptions : public testing::Test {
  protected:
   GermanDescriptions() {
     std::ostringstream text;
-    text << std::ifstream(MOX_SOURCE_DIR "/resources/PO/de.po").rdbuf();
+    text << std::ifstream(tests::SourceFolder() + "/resources/PO/de.po").rdbuf();
     Localizer::Get().AddCatalogue(moxcore::config::ParseCatalogue(text.str()));
     Localizer::Get().SetLanguage("de");
   }

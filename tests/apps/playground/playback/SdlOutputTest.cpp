@@ -7,12 +7,13 @@
 #include <unistd.h>
 
 #include <algorithm>
-#include <cstring>
+#include <cstddef>
+#include <cstdint>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 #include <memory>
 #include <string>
+#include <system_error>
 #include <thread>
 #include <vector>
 
@@ -34,13 +35,20 @@ class SdlOutputTest : public ::testing::Test {
     std::filesystem::remove(mPath);
   }
 
-  std::vector<float> Played() const {
+  // How many samples have been written so far.
+  std::size_t PlayedCount() const {
+    std::error_code error;
+    std::uintmax_t const size = std::filesystem::file_size(mPath, error);
+    return error ? 0 : static_cast<std::size_t>(size) / sizeof(float);
+  }
+  // The first samples that were written. A file that still grows may do so faster than it can be read: only
+  // what it holds at the call counts.
+  std::vector<float> Played(std::size_t atMost) const {
+    std::vector<float> samples(std::min(PlayedCount(), atMost));
     std::ifstream stream(mPath, std::ios::binary);
-    std::string const bytes{std::istreambuf_iterator<char>(stream), {}};
-    std::vector<float> samples(bytes.size() / sizeof(float));
-    if (!samples.empty()) {
-      std::memcpy(samples.data(), bytes.data(), samples.size() * sizeof(float));
-    }
+    stream.read(reinterpret_cast<char*>(samples.data()),
+                static_cast<std::streamsize>(samples.size() * sizeof(float)));
+    EXPECT_EQ(static_cast<std::size_t>(stream.gcount()), samples.size() * sizeof(float));
     return samples;
   }
   static void PlayToTheEnd(Player& player) {
@@ -68,7 +76,7 @@ TEST_F(SdlOutputTest, WhatIsPlayedIsTheSoundBitForBit) {
   EXPECT_EQ(player.Trouble(), PlayTrouble::kNone);
   player.Close();
 
-  std::vector<float> const played = Played();
+  std::vector<float> const played = Played(kFrames * 20);
   auto const begin = std::find_if(played.begin(), played.end(), [](float sample) { return sample != 0.0f; });
   ASSERT_GE(played.end() - begin, kFrames * 2);
   for (std::int64_t i = 0; i < kFrames * 2; ++i) {
@@ -86,16 +94,16 @@ TEST_F(SdlOutputTest, ALoopIsPlayedWithoutASeam) {
   ASSERT_TRUE(player.WaitUntilRead());
   player.Play();
   ASSERT_FALSE(player.IsSilent()) << player.TroubleReason();
-  std::vector<float> played;
-  while (played.size() < 20000) {
+  constexpr std::size_t kEnough = 40000;
+  while (PlayedCount() < kEnough) {
     std::this_thread::yield();
-    played = Played();
   }
   player.Close();
-  played = Played();
+  std::vector<float> const played = Played(kEnough);
   auto const begin = std::find_if(played.begin(), played.end(), [](float sample) { return sample != 0.0f; });
   std::int64_t const length = kLoop.end - kLoop.begin;
-  for (std::int64_t i = 0; i < std::min<std::int64_t>(played.end() - begin, 18000); ++i) {
+  ASSERT_GE(played.end() - begin, 18000);
+  for (std::int64_t i = 0; i < 18000; ++i) {
     ASSERT_EQ(begin[i], CountingSource::Sample(kLoop.begin + i / 2 % length, static_cast<int>(i % 2))) << i;
   }
 }

@@ -1,5 +1,6 @@
 #include "program/Appearance.h"
 #include "program/CommandLine.h"
+#include "support/Folders.h"
 
 #include <moxcore/config/Catalogue.h>
 #include <moxcore/config/Localizer.h>
@@ -13,6 +14,13 @@ namespace playground {
 namespace {
 
 using ::testing::Contains;
+
+// What the program ends with when it is to list its pages in a language.
+int Lists(const std::string& language) {
+  return std::system(
+      ("'" + tests::ProgramPath("playground") + "' --list --language " + language + " >/dev/null 2>&1")
+          .c_str());
+}
 
 TEST(Languages, AreEnglishThePseudoLanguageAndThoseOfTheCatalogues) {
   EXPECT_FALSE(LanguageByName("xo"));
@@ -29,8 +37,8 @@ TEST(Languages, AreEnglishThePseudoLanguageAndThoseOfTheCatalogues) {
 }
 
 TEST(Languages, OfTheProgramAreKnownToItsCommandLine) {
-  EXPECT_EQ(std::system("'" MOX_PLAYGROUND_PROGRAM "' --list --language de >/dev/null 2>&1"), 0);
-  EXPECT_NE(std::system("'" MOX_PLAYGROUND_PROGRAM "' --list --language xx >/dev/null 2>&1"), 0);
+  EXPECT_EQ(Lists("de"), 0);
+  EXPECT_NE(Lists("xx"), 0);
 }
 
 }  // namespace

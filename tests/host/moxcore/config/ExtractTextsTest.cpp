@@ -1,3 +1,5 @@
+#include "support/Folders.h"
+
 #include <moxcore/config/Catalogue.h>
 #include <moxcore/config/Localizer.h>
 
@@ -34,8 +36,8 @@ class ExtractTexts : public ::testing::Test {
     Run("'" + mFolder.string() + "'");
   }
   void Run(std::string const& arguments) {
-    std::string const command =
-        "python3 '" MOX_SOURCE_DIR "/scripts/extract_texts' " + arguments + " 2>'" + Faults() + "'";
+    std::string const command = "python3 '" + tests::SourceFolder() + "/scripts/extract_texts' " + arguments +
+                                " 2>'" + Faults() + "'";
     mTemplate.clear();
     std::FILE* const pipe = ::popen(command.c_str(), "r");
     ASSERT_NE(pipe, nullptr);
@@ -111,7 +113,7 @@ TEST_F(ExtractTexts, FindsThoseOfTheHostAndOfTheProgram) {
   EXPECT_EQ(mExitCode, 0) << mFaults;
   EXPECT_THAT(mTemplate, HasSubstr("msgctxt \"$$$/moxui/MessageBox/Cancel\"\nmsgid \"Cancel\"\n"));
   EXPECT_THAT(Translated("xu").problems, IsEmpty());
-  Run("'" MOX_SOURCE_DIR "/apps'");
+  Run("'" + tests::SourceFolder() + "/apps'");
   EXPECT_EQ(mExitCode, 0) << mFaults;
   EXPECT_THAT(mTemplate, HasSubstr("msgctxt \"$$$/playground/language\"\nmsgid \"Language\"\n"));
   EXPECT_THAT(Translated("xu").problems, IsEmpty());
@@ -120,11 +122,12 @@ TEST_F(ExtractTexts, FindsThoseOfTheHostAndOfTheProgram) {
 // A text that the translator never saw stands in English among German ones, and nothing else tells of it.
 // Those that are the same in German stand in the file without a translation.
 TEST_F(ExtractTexts, GermanHasEveryTextOfTheHostAndOfTheProgram) {
-  for (auto const& [folders, file] : {std::pair{"", "/resources/PO/de.po"},
-                                      {"'" MOX_SOURCE_DIR "/apps'", "/apps/playground/resources/PO/de.po"}}) {
+  std::string const apps = "'" + tests::SourceFolder() + "/apps'";
+  for (auto const& [folders, file] : {std::pair<std::string, std::string>{"", "/resources/PO/de.po"},
+                                      {apps, "/apps/playground/resources/PO/de.po"}}) {
     Run(folders);
     ASSERT_EQ(mExitCode, 0) << mFaults;
-    std::ifstream stream(std::string(MOX_SOURCE_DIR) + file);
+    std::ifstream stream(tests::SourceFolder() + file);
     std::string const german(std::istreambuf_iterator<char>(stream), {});
     Catalogue const all = Translated("xu");
     ASSERT_GT(all.texts.size(), 20u);

@@ -1,0 +1,1 @@
+// The source of the targets whose precompiled header the tests share.

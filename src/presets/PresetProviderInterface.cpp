@@ -1,0 +1,7 @@
+#include <moxmediaui/PresetProviderInterface.h>
+
+namespace moxmediaui {
+
+PresetProviderInterface::~PresetProviderInterface() = default;
+
+}  // namespace moxmediaui

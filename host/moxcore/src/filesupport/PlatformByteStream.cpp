@@ -1,0 +1,28 @@
+#include "PosixFiles.h"
+
+#include <moxcore/filesupport/PlatformByteStream.h>
+
+#include <stdexcept>
+
+namespace moxcore::filesupport {
+
+IPlatformByteStream::IPlatformByteStream(File const& file, std::uint32_t flags) : mFile(file) {
+  if (flags != kRead) {
+    throw std::invalid_argument("byte streams are for reading");
+  }
+  mDescriptor = posix::Open(file.FullPath());
+}
+
+IPlatformByteStream::~IPlatformByteStream() {
+  posix::Close(mDescriptor);
+}
+
+std::uint64_t IPlatformByteStream::Length() const {
+  return posix::Length(mDescriptor, mFile.FullPath());
+}
+
+void IPlatformByteStream::ReadBlock(void* buffer, std::uint64_t size) {
+  posix::Read(mDescriptor, buffer, size, mFile.FullPath());
+}
+
+}  // namespace moxcore::filesupport

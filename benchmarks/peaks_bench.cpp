@@ -15,7 +15,6 @@
 #include <fcntl.h>
 #include <unistd.h>
 
-#include <array>
 #include <cmath>
 #include <cstdint>
 #include <cstdlib>
@@ -196,11 +195,19 @@ class View {
   }
 
   void Query() {
-    mLeft += 3.3 * mZoom;
-    if (mLeft + kWidth * mZoom > static_cast<double>(mPyramid->GetFrameCount())) {
-      mLeft = 0.0;
-    }
+    MoveBy(3.3);
     mData = waveform::QueryWaveform(*mPyramid, &mWindow, mLeft, mZoom, kWidth);
+  }
+
+  // To where nothing has been read yet.
+  void QueryElsewhere() {
+    MoveBy(1.5 * kWidth);
+    mData = waveform::QueryWaveform(*mPyramid, &mWindow, mLeft, mZoom, kWidth);
+  }
+
+  void QueryLevels() {
+    MoveBy(3.3);
+    bench::DoNotOptimize(waveform::QueryColumnLevels(*mPyramid, &mWindow, mLeft, mZoom, kWidth).rms.data());
   }
 
   void Draw() {
@@ -211,6 +218,13 @@ class View {
   }
 
  private:
+  void MoveBy(double columns) {
+    mLeft += columns * mZoom;
+    if (mLeft + kWidth * mZoom > static_cast<double>(mPyramid->GetFrameCount())) {
+      mLeft = 0.0;
+    }
+  }
+
   std::shared_ptr<const PeakPyramid> mPyramid;
   waveform::SampleWindow mWindow;
   double mZoom;
@@ -221,29 +235,45 @@ class View {
   std::shared_ptr<waveform::WaveformData> mData;
 };
 
-void CompareViews(bench::Figures& figures, const Folder& folder) {
-  constexpr std::array<double, 10> kZooms{0.5, 1.0, 4.0, 16.0, 63.0, 64.0, 200.0, 255.0, 1000.0, 3750.0};
-  bool wanted = false;
-  const auto name = [](double zoom) {
-    return "peaks_query_" + (zoom < 1.0 ? std::string("below_1") : std::to_string(static_cast<int>(zoom)));
-  };
-  for (const double zoom : kZooms) {
-    wanted = wanted || figures.Wants(name(zoom));
+// A way to ask for a view, at a zoom.
+struct ViewFigure {
+  std::string name;
+  double zoom;
+  void (View::*query)();
+};
+
+std::vector<ViewFigure> ViewFigures() {
+  std::vector<ViewFigure> figures;
+  for (const int zoom : {1, 2, 4, 8, 16, 32, 48, 60, 63, 64, 200, 255, 1000, 3750}) {
+    figures.push_back({"peaks_query_" + std::to_string(zoom), static_cast<double>(zoom), &View::Query});
   }
-  if (!wanted) {
+  figures.push_back({"peaks_query_below_1", 0.5, &View::Query});
+  for (const int zoom : {2, 16, 63, 64, 1000}) {
+    figures.push_back(
+        {"peaks_levels_" + std::to_string(zoom), static_cast<double>(zoom), &View::QueryLevels});
+  }
+  for (const int zoom : {2, 16, 63, 64, 1000}) {
+    figures.push_back(
+        {"peaks_elsewhere_" + std::to_string(zoom), static_cast<double>(zoom), &View::QueryElsewhere});
+  }
+  return figures;
+}
+
+void CompareViews(bench::Figures& figures, const Folder& folder) {
+  std::vector<ViewFigure> wanted = ViewFigures();
+  std::erase_if(wanted, [&](const ViewFigure& figure) { return !figures.Wants(figure.name); });
+  if (wanted.empty()) {
     return;
   }
   const auto source = OpenSampleSource(WriteWav(folder / "eight.wav", 8, 300));
   PeakBuilder builder(source);
   builder.Wait();
-  for (const double zoom : kZooms) {
-    if (figures.Wants(name(zoom))) {
-      View view(builder.GetPyramid(), source, zoom);
-      figures.Compare({.name = name(zoom),
-                       .numerator = [&] { view.Query(); },
-                       .denominator = [&] { view.Draw(); },
-                       .bar = 0.5});
-    }
+  for (const ViewFigure& figure : wanted) {
+    View view(builder.GetPyramid(), source, figure.zoom);
+    figures.Compare({.name = figure.name,
+                     .numerator = [&] { (view.*figure.query)(); },
+                     .denominator = [&] { view.Draw(); },
+                     .bar = 0.5});
   }
 }
 

@@ -32,13 +32,22 @@ void ScanFloats(std::span<const float> samples, std::span<const PeakRun> runs, s
   portable::ScanFloats(samples, runs, firstPoint);
 }
 
-void WidenByFrames(std::span<const float> samples, std::size_t channelCount, float* minima, float* maxima) {
+void MeasureFrames(std::span<const float> samples, std::size_t channelCount, const FrameSums& sums) {
 #if defined(__x86_64__)
   if (HasAvx2()) {
-    return avx2::WidenByFrames(samples, channelCount, minima, maxima);
+    return avx2::MeasureFrames(samples, channelCount, sums);
   }
 #endif
-  portable::WidenByFrames(samples, channelCount, minima, maxima);
+  portable::MeasureFrames(samples, channelCount, sums);
+}
+
+void ConvertInt16(std::span<const std::int16_t> samples, float* destination) {
+#if defined(__x86_64__)
+  if (HasAvx2()) {
+    return avx2::ConvertInt16(samples, destination);
+  }
+#endif
+  portable::ConvertInt16(samples, destination);
 }
 
 }  // namespace moxaudiotoolkit

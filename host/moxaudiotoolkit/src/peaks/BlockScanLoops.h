@@ -221,58 +221,6 @@ MOX_INLINE void ScanSamples(const Value* samples, std::size_t sampleCount, const
   }
 }
 
-template <std::size_t Channels>
-MOX_INLINE void WidenBy(const float* samples, std::size_t sampleCount, float* minima, float* maxima) {
-  std::size_t i = 0;
-  if (sampleCount >= kFloatLanes) {
-    Floats low;
-    LoadVector(low, samples);
-    Floats high = low;
-    for (i = kFloatLanes; i + kFloatLanes <= sampleCount; i += kFloatLanes) {
-      Floats values;
-      LoadVector(values, samples + i);
-      low = values < low ? values : low;
-      high = values > high ? values : high;
-    }
-    FoldFloats<Channels>(low, high);
-    for (std::size_t c = 0; c < Channels; ++c) {
-      minima[c] = low[c] < minima[c] ? low[c] : minima[c];
-      maxima[c] = high[c] > maxima[c] ? high[c] : maxima[c];
-    }
-  }
-  for (; i < sampleCount; ++i) {
-    const std::size_t c = i % Channels;
-    minima[c] = samples[i] < minima[c] ? samples[i] : minima[c];
-    maxima[c] = samples[i] > maxima[c] ? samples[i] : maxima[c];
-  }
-}
-
-MOX_INLINE void WidenByAny(const float* samples, std::size_t sampleCount, std::size_t channelCount,
-                           float* minima, float* maxima) {
-  for (std::size_t i = 0; i < sampleCount; i += channelCount) {
-    for (std::size_t c = 0; c < channelCount; ++c) {
-      minima[c] = samples[i + c] < minima[c] ? samples[i + c] : minima[c];
-      maxima[c] = samples[i + c] > maxima[c] ? samples[i + c] : maxima[c];
-    }
-  }
-}
-
-MOX_INLINE void WidenBySamples(const float* samples, std::size_t sampleCount, std::size_t channelCount,
-                               float* minima, float* maxima) {
-  switch (channelCount) {
-    case 1:
-      return WidenBy<1>(samples, sampleCount, minima, maxima);
-    case 2:
-      return WidenBy<2>(samples, sampleCount, minima, maxima);
-    case 4:
-      return WidenBy<4>(samples, sampleCount, minima, maxima);
-    case 8:
-      return WidenBy<8>(samples, sampleCount, minima, maxima);
-    default:
-      return WidenByAny(samples, sampleCount, channelCount, minima, maxima);
-  }
-}
-
 #undef MOX_INLINE
 
 }  // namespace

@@ -1,5 +1,6 @@
 #include "BlockScan.h"
 #include "BlockScanLoops.h"
+#include "FrameScanLoops.h"
 
 namespace moxaudiotoolkit::portable {
 
@@ -11,8 +12,12 @@ void ScanFloats(std::span<const float> samples, std::span<const PeakRun> runs, s
   ScanSamples(samples.data(), samples.size(), runs.data(), runs.size(), firstPoint, 1.0F);
 }
 
-void WidenByFrames(std::span<const float> samples, std::size_t channelCount, float* minima, float* maxima) {
-  WidenBySamples(samples.data(), samples.size(), channelCount, minima, maxima);
+void MeasureFrames(std::span<const float> samples, std::size_t channelCount, const FrameSums& sums) {
+  MeasureSamples(samples.data(), samples.size(), channelCount, sums);
+}
+
+void ConvertInt16(std::span<const std::int16_t> samples, float* destination) {
+  ConvertShorts(samples.data(), samples.size(), destination);
 }
 
 }  // namespace moxaudiotoolkit::portable

@@ -39,12 +39,6 @@ std::span<const std::int16_t> AsShorts(std::span<std::uint8_t> bytes, bool bigEn
   return shorts;
 }
 
-void ConvertShorts(std::span<const std::int16_t> shorts, float* destination) {
-  for (std::size_t i = 0; i < shorts.size(); ++i) {
-    destination[i] = static_cast<float>(shorts[i]) * (1.0F / 32768.0F);
-  }
-}
-
 void ConvertInt24(std::span<const std::uint8_t> bytes, bool bigEndian, float* destination) {
   const std::size_t lowest = bigEndian ? 2 : 0;
   const std::size_t highest = 2 - lowest;
@@ -71,7 +65,7 @@ void ConvertFloats(std::span<const std::uint8_t> bytes, bool bigEndian, float* d
 void Convert(const RawLayout& layout, std::span<std::uint8_t> bytes, float* destination) {
   switch (layout.encoding) {
     case RawEncoding::kInt16:
-      return ConvertShorts(AsShorts(bytes, layout.bigEndian), destination);
+      return ConvertInt16(AsShorts(bytes, layout.bigEndian), destination);
     case RawEncoding::kInt24:
       return ConvertInt24(bytes, layout.bigEndian, destination);
     case RawEncoding::kFloat32:

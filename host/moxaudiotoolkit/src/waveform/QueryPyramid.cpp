@@ -6,7 +6,7 @@
 #include <moxaudiotoolkit/waveform/QueryPyramid.h>
 
 #include <algorithm>
-#include <limits>
+#include <span>
 #include <utility>
 
 namespace moxaudiotoolkit::waveform {
@@ -14,6 +14,8 @@ namespace {
 
 // Read at a time, over all channels: 16 MiB of floats.
 constexpr std::int64_t kMostFloatsAtOnce = 1 << 22;
+// Measured as soon as they are read, while they are in the second-level cache.
+constexpr std::int64_t kCachedFloats = 1 << 16;
 constexpr std::size_t kMostFloatsOfData = std::size_t{1} << 25;
 constexpr double kPointsPerColumn = 4.0;
 
@@ -93,15 +95,50 @@ void ColumnsOfPyramid(const PeakPyramid& pyramid, double samplesPerPixel,
   }
 }
 
-void AddSquaresOfFrames(std::span<const float> samples, std::size_t channelCount, std::span<PeakSum> sums) {
-  for (std::size_t i = 0; i < samples.size(); i += channelCount) {
-    for (std::size_t channel = 0; channel < channelCount; ++channel) {
-      const double sample = samples[i + channel];
-      sums[channel].squares += sample * sample;
-      ++sums[channel].frames;
+// What the samples of columns amount to, channel by channel.
+class ColumnMeter {
+ public:
+  ColumnMeter(std::size_t channelCount, bool withSquares)
+      : mChannelCount(channelCount),
+        mWithSquares(withSquares),
+        mValues(3 * channelCount),
+        mSums(channelCount) {}
+
+  std::span<const PeakSum> Measure(std::span<const float> samples) {
+    std::ranges::fill(mSums, PeakSum{});
+    while (!samples.empty()) {
+      const std::size_t count = std::min(samples.size(), kMostFramesAtOnce * mChannelCount);
+      Add(samples.first(count));
+      samples = samples.subspan(count);
+    }
+    return mSums;
+  }
+
+ private:
+  // More squares than that would lose digits in a sum of floats.
+  static constexpr std::size_t kMostFramesAtOnce = 256;
+
+  void Add(std::span<const float> samples) {
+    const FrameSums found{.minima = mValues.data(),
+                          .maxima = mValues.data() + mChannelCount,
+                          .squares = mWithSquares ? mValues.data() + 2 * mChannelCount : nullptr};
+    MeasureFrames(samples, mChannelCount, found);
+    const auto frames = static_cast<std::int64_t>(samples.size() / mChannelCount);
+    for (std::size_t channel = 0; channel < mChannelCount; ++channel) {
+      PeakSum& sum = mSums[channel];
+      sum.AddPeaks(found.minima[channel], found.maxima[channel]);
+      if (found.squares != nullptr) {
+        sum.squares += found.squares[channel];
+        sum.frames += frames;
+      }
     }
   }
-}
+
+  std::size_t mChannelCount;
+  bool mWithSquares;
+  std::vector<float> mValues;
+  std::vector<PeakSum> mSums;
+};
 
 // The columns from `first` on that are read at once; the end of them.
 std::size_t EndOfPortion(const std::vector<SampleRange>& ranges, std::size_t first, std::int64_t mostFrames) {
@@ -118,34 +155,29 @@ bool ColumnsOfSamples(SampleWindow& window, const std::vector<SampleRange>& rang
                       Sink& sink) {
   const auto channelCount = static_cast<std::size_t>(window.GetSource()->GetProperties().channelCount);
   const std::int64_t mostFrames = kMostFloatsAtOnce / static_cast<std::int64_t>(channelCount);
-  std::vector<float> minima(channelCount);
-  std::vector<float> maxima(channelCount);
-  std::vector<PeakSum> sums(channelCount);
+  const std::int64_t cachedFrames = kCachedFloats / static_cast<std::int64_t>(channelCount);
+  ColumnMeter meter(channelCount, withSquares);
   for (std::size_t first = 0; first < ranges.size();) {
     if (ranges[first].begin >= ranges[first].end) {
       ++first;
       continue;
     }
     const std::size_t last = EndOfPortion(ranges, first, mostFrames);
-    const std::int64_t start = ranges[first].begin;
-    const auto samples = window.Read(start, ranges[last - 1].end);
-    if (!samples) {
-      return false;
-    }
-    for (std::size_t column = first; column < last; ++column) {
-      const SampleRange& range = ranges[column];
-      const auto frames = samples->subspan(static_cast<std::size_t>(range.begin - start) * channelCount,
-                                           static_cast<std::size_t>(range.end - range.begin) * channelCount);
-      std::ranges::fill(minima, std::numeric_limits<float>::infinity());
-      std::ranges::fill(maxima, -std::numeric_limits<float>::infinity());
-      WidenByFrames(frames, channelCount, minima.data(), maxima.data());
-      std::ranges::fill(sums, PeakSum{});
-      if (withSquares) {
-        AddSquaresOfFrames(frames, channelCount, sums);
+    for (std::size_t column = first; column < last;) {
+      const std::size_t end = std::min(EndOfPortion(ranges, column, cachedFrames), last);
+      const auto samples = window.Read(ranges[column].begin, ranges[end - 1].end, ranges[last - 1].end);
+      if (!samples) {
+        return false;
       }
-      for (std::size_t channel = 0; channel < channelCount; ++channel) {
-        sums[channel].AddPeaks(minima[channel], maxima[channel]);
-        sink.Put(channel, column, sums[channel]);
+      for (const std::int64_t start = ranges[column].begin; column < end; ++column) {
+        const SampleRange& range = ranges[column];
+        const auto frames =
+            samples->subspan(static_cast<std::size_t>(range.begin - start) * channelCount,
+                             static_cast<std::size_t>(range.end - range.begin) * channelCount);
+        const std::span<const PeakSum> sums = meter.Measure(frames);
+        for (std::size_t channel = 0; channel < channelCount; ++channel) {
+          sink.Put(channel, column, sums[channel]);
+        }
       }
     }
     first = last;
@@ -193,7 +225,7 @@ std::shared_ptr<WaveformData> SamplesOfView(const PeakPyramid& pyramid, SampleWi
     const std::int64_t mostFrames = kMostFloatsAtOnce / static_cast<std::int64_t>(channelCount);
     for (std::int64_t first = begin; first < end; first += mostFrames) {
       const std::int64_t last = std::min(first + mostFrames, end);
-      const auto samples = window->Read(first, last);
+      const auto samples = window->Read(first, last, end);
       if (!samples) {
         return nullptr;
       }

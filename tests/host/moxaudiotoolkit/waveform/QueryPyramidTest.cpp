@@ -142,6 +142,40 @@ TEST_F(QueryPyramidTest, ScrollingReadsOnlyWhatIsNew) {
   EXPECT_EQ(window.GetProblem(), "");
 }
 
+// Views that jump, creep and change their zoom, all through one window.
+TEST_F(QueryPyramidTest, GivesTheSameWhereverTheWindowWasBefore) {
+  std::mt19937_64 random(6);
+  std::uniform_real_distribution<double> anywhere(-5000.0, kFrames + 1000.0);
+  std::uniform_real_distribution<double> nearby(-900.0, 900.0);
+  std::uniform_real_distribution<double> zoom(-2.0, 5.99);
+  double viewLeft = 0.0;
+  double samplesPerPixel = 1.0;
+  for (int i = 0; i < 600; ++i) {
+    viewLeft = i % 40 == 0 ? anywhere(random) : viewLeft + nearby(random) * samplesPerPixel;
+    samplesPerPixel = i % 7 == 0 ? std::exp2(zoom(random)) : samplesPerPixel;
+    SCOPED_TRACE(::testing::Message() << viewLeft << " at " << samplesPerPixel);
+    SampleWindow fresh(mSource);
+    ExpectSameData(*QueryWaveform(*mPyramid, &mWindow, viewLeft, samplesPerPixel, 700),
+                   *QueryWaveform(*mPyramid, &fresh, viewLeft, samplesPerPixel, 700));
+    EXPECT_EQ(QueryColumnLevels(*mPyramid, &mWindow, viewLeft, samplesPerPixel, 300).rms,
+              QueryColumnLevels(*mPyramid, &fresh, viewLeft, samplesPerPixel, 300).rms);
+  }
+}
+
+TEST_F(QueryPyramidTest, KeepsWhatItHasWhenMoreCannotBeRead) {
+  const auto gate = std::make_shared<GatedSource>(mSource);
+  gate->OpenUpTo(kFrames);
+  SampleWindow window(gate);
+  const auto before = QueryWaveform(*mPyramid, &window, 100'000.0, 10.0, 1000);
+  gate->FailFrom(0);
+  QueryWaveform(*mPyramid, &window, 95'000.0, 10.0, 1000);
+  EXPECT_EQ(window.GetProblem(), "broken");
+  QueryWaveform(*mPyramid, &window, 105'000.0, 10.0, 1000);
+  EXPECT_EQ(window.GetProblem(), "broken");
+  ExpectSameData(*QueryWaveform(*mPyramid, &window, 100'000.0, 10.0, 1000), *before);
+  EXPECT_EQ(window.GetProblem(), "");
+}
+
 TEST_F(QueryPyramidTest, GivesRmsAndClippingOfColumnsOfSamples) {
   const ColumnLevels levels = QueryColumnLevels(*mPyramid, &mWindow, 5000.0, 20.0, 100);
   ASSERT_EQ(levels.slots, 100U);

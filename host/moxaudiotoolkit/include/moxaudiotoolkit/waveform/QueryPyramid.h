@@ -8,6 +8,7 @@
 #include <optional>
 #include <span>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace moxaudiotoolkit {
@@ -17,26 +18,36 @@ class SampleSource;
 
 namespace moxaudiotoolkit::waveform {
 
-// Samples of a source for views, with those of the last view kept (16 MiB at most), so that scrolling reads
-// only what is new. Belongs to one view: not for use from two threads at once.
+// Samples of a source for views, with those of the last view kept (in 24 MiB at most), so that scrolling
+// reads only what is new. Belongs to one view: not for use from two threads at once.
 class SampleWindow {
  public:
   // `source` may be null: nothing can be read then.
   explicit SampleWindow(std::shared_ptr<const SampleSource> source);
 
   // Frames from `begin` up to but not including `end`, which lie within the audio, channels interleaved.
-  // Valid until the next call. Nothing when they can't be read.
-  std::optional<std::span<const float>> Read(std::int64_t begin, std::int64_t end);
+  // Valid until the next call. Nothing when they can't be read. Those up to `reach` are about to be asked
+  // for.
+  std::optional<std::span<const float>> Read(std::int64_t begin, std::int64_t end, std::int64_t reach);
   bool HasSource() const { return mSource != nullptr; }
   const SampleSource* GetSource() const { return mSource.get(); }
   // Why the last reading failed; empty when it didn't.
   const std::string& GetProblem() const { return mProblem; }
 
  private:
+  std::size_t FloatsOf(std::int64_t frames) const;
+  std::pair<std::int64_t, std::int64_t> GetHeldWith(std::int64_t begin, std::int64_t end) const;
+  void MakeRoom(std::int64_t begin, std::int64_t end);
+  void ReadInto(std::int64_t begin, std::int64_t end);
+
   std::shared_ptr<const SampleSource> mSource;
+  // Frames from mBegin to mEnd stand in the buffer from mOffset on. It is longer than that, so that most
+  // steps of a scrolling move nothing.
   std::int64_t mBegin = 0;
   std::int64_t mEnd = 0;
-  std::vector<float> mSamples;
+  std::unique_ptr<float[]> mSamples;
+  std::size_t mCapacity = 0;
+  std::size_t mOffset = 0;
   std::string mProblem;
 };
 

@@ -4,6 +4,7 @@
 #include <moxui/ui/UI_SubView.h>
 
 #include <algorithm>
+#include <cmath>
 
 namespace moxui::ui {
 
@@ -71,9 +72,12 @@ void FitChild(UI_SubView& view, UI_Node& child, AutoLayoutFlags flags, scriber::
     ExtentT<float> const wanted = child.UI_GetRecommendedSize(scriber);
     RectT<float> place = before;
     if (flags.isHorizontal) {
-      place.width = std::max(place.width, wanted.width);
+      place.width = std::max(place.width, std::ceil(wanted.width));
     }
-    place.height = std::max(place.height, wanted.height);
+    // The line of a button fits the height that was given to it; a text may have several.
+    if (child.UI_GetAccessibleRole() == AccessibleRole::kStaticText) {
+      place.height = std::max(place.height, std::ceil(wanted.height));
+    }
     child.UI_SetLocalRectF(place);
   } else if (auto* const inner = dynamic_cast<UI_SubView*>(&child)) {
     FitView(*inner, scriber);

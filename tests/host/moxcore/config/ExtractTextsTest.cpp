@@ -86,6 +86,19 @@ TEST_F(ExtractTexts, FindsLiteralsWithTheirKeysTextsPlacesAndRemarks) {
   EXPECT_THAT(mTemplate, Not(HasSubstr("untouched")));
 }
 
+TEST_F(ExtractTexts, FindsThoseOfViewArchivesInRoundBrackets) {
+  std::ofstream(mFolder / "VIEW.xml")
+      << "<prop.pair><key>text</key>\n"
+         "<ustring>($$$/t/Amount=Cut &amp; Paste#{comment} a button)</ustring>\n"
+         "<ustring>(Custom)</ustring><string>$$$/t/None=None</string>";
+  Extract("Say(\"$$$/t/Save=Save\");");
+  EXPECT_EQ(mExitCode, 0) << mFaults;
+  EXPECT_THAT(mTemplate, HasSubstr("\n#. a button\n#: VIEW.xml:2\nmsgctxt \"$$$/t/Amount\"\n"
+                                   "msgid \"Cut & Paste\"\nmsgstr \"\"\n"));
+  EXPECT_THAT(mTemplate, HasSubstr("$$$/t/Save"));
+  EXPECT_THAT(mTemplate, Not(HasSubstr("None")));
+}
+
 TEST_F(ExtractTexts, WritesATemplateThatLoadsOnceItIsTranslated) {
   Extract("Say(\"$$$/t/A=One\\\\nTwo\"); Say(\"$$$/t/B=\\\"B\\\"\"); Again(\"$$$/t/A=One\\\\nTwo\");");
   EXPECT_EQ(mExitCode, 0) << mFaults;

@@ -1,0 +1,78 @@
+#include "../ArchiveClasses.h"
+
+#include <moxui/controls/UI_InteractiveControlView.h>
+#include <moxui/controls/UI_Popup.h>
+#include <moxui/controls/UI_StaticText.h>
+
+namespace moxui::archive {
+
+namespace {
+
+using controls::UI_Button;
+using controls::UI_ControlView;
+using controls::UI_InteractiveControlView;
+using controls::UI_Popup;
+using controls::UI_StaticText;
+
+/// A value means what the control shows: a popup's item, a text, whether a button is on.
+void SetValue(UI_ControlView& control, PropertyValue const& value) {
+  if (auto* const popup = dynamic_cast<UI_Popup*>(&control)) {
+    popup->SetValue(value.AsInteger());
+  } else if (auto* const button = dynamic_cast<UI_Button*>(&control)) {
+    button->SetValue(value.AsBoolean());
+  } else if (auto* const text = dynamic_cast<UI_StaticText*>(&control)) {
+    text->SetValue(value.AsText());
+  }
+}
+
+/// A key of buttons alone that stands in the section of all controls.
+template <auto kSetter>
+void OfButton(UI_ControlView& control, PropertyValue const& value) {
+  if (auto* const button = dynamic_cast<UI_Button*>(&control)) {
+    (button->*kSetter)(value.AsBoolean());
+  }
+}
+
+void SetComponentSize(UI_ControlView& control, PropertyValue const& value) {
+  auto const size = value.AsEnumeration(controls::ComponentSize::kLarge);
+  if (auto* const button = dynamic_cast<UI_Button*>(&control)) {
+    controls::ButtonComponents components = button->GetComponents();
+    components.SetComponentSize(size);
+    button->SetComponents(components);
+  }
+}
+
+void SetAlwaysNotify(UI_ControlView& control, PropertyValue const& value) {
+  if (auto* const popup = dynamic_cast<UI_Popup*>(&control)) {
+    popup->SetAlwaysNotify(value.AsBoolean());
+  }
+}
+
+// `className` is the builder's.
+constexpr Property<UI_ControlView> kControl[] = {
+    {"enabled",
+     [](UI_ControlView& control, PropertyValue const& value) { control.UI_SetEnabled(value.AsBoolean()); }},
+    {"wantsFocus", [](UI_ControlView& control,
+                      PropertyValue const& value) { control.SetWantsKeyboardFocus(value.AsBoolean()); }},
+    {"value", SetValue},
+    {"componentSize", SetComponentSize},
+    {"suppressFocusDrawing", OfButton<&UI_Button::SetSuppressFocusDrawing>},
+    {"changeFocusOnClick", OfButton<&UI_Button::SetChangeFocusOnClick>},
+    {"alwaysNotify", SetAlwaysNotify},
+};
+
+constexpr SectionOf<UI_ControlView> kControlSection{kControl};
+constexpr SectionOf<UI_InteractiveControlView> kInteractiveSection{{}};
+
+constexpr ArchiveClass kClasses[] = {
+    {"moxui::controls::UI_ControlView", Make<UI_ControlView>, &kControlSection},
+    {"moxui::controls::UI_InteractiveControlView", Make<UI_InteractiveControlView>, &kInteractiveSection},
+};
+
+}  // namespace
+
+std::span<ArchiveClass const> ControlClasses() {
+  return kClasses;
+}
+
+}  // namespace moxui::archive

@@ -1,13 +1,12 @@
 #pragma once
 
+#include "ButtonRow.h"
+
 #include <moxui/controls/UI_StaticText.h>
-#include <moxui/controls/UI_TextButton.h>
 #include <moxui/dialogs/MessageBox.h>
 #include <moxui/ui/UI_SubView.h>
 
 #include <functional>
-#include <utility>
-#include <vector>
 
 namespace moxui::dialogs {
 
@@ -19,9 +18,6 @@ struct MessageBoxContent {
   unsigned defaultButton = DialogButton::kOk;
   messagebox::MessageIcon icon = messagebox::MessageIcon::kNone;
 };
-
-/// The answer that Escape and a close give.
-unsigned GetCancelAnswer(unsigned buttons);
 
 /// The inside of a message box: icon, wrapped text, a row of buttons at the right; mirrored where the
 /// interface is laid out from right to left. Calls `answered` once a
@@ -43,15 +39,12 @@ class MessageBoxView : public ui::UI_SubView {
   bool UI_DoPreKeyboardEvent(ui::UI_Node* node, ui::KeyboardEvent const& event) override;
 
  private:
-  void AddButton(unsigned button, char const* label);
   void Arrange();
-  /// A place as given, or mirrored in the box.
-  RectT<float> Placed(RectT<float> const& rect) const;
 
   MessageBoxContent mContent;
   std::function<void(unsigned)> mAnswered;
   moxcore::utility::IntrusivePtr<controls::UI_StaticText> mText;
-  std::vector<std::pair<unsigned, moxcore::utility::IntrusivePtr<controls::UI_TextButton>>> mButtons;
+  ButtonRow mButtons;
   ExtentT<float> mExtent;
 };
 

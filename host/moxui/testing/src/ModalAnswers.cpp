@@ -1,4 +1,5 @@
 #include <moxui/testing/ModalAnswers.h>
+#include <moxui/testing/Stage.h>
 
 #include <algorithm>
 #include <utility>
@@ -17,6 +18,18 @@ void ModalAnswers::Expect(int answer) {
 
 void ModalAnswers::Expect(Function function) {
   mAnswers.push_back(std::move(function));
+}
+
+void ModalAnswers::ExpectDriven(std::function<void(Stage&)> drive) {
+  Expect([drive = std::move(drive)](platform::ModalRequest& request) {
+    Stage stage{moxcore::utility::IntrusivePtr<ui::UI_Node>(request.content)};
+    if (request.opened) {
+      request.opened();
+    }
+    stage.PaintFrame();
+    drive(stage);
+    return 0;
+  });
 }
 
 void ModalAnswers::ExpectItem(moxcore::Utf16String text) {

@@ -4,6 +4,7 @@
 #include <moxui/geometry/PointT.h>
 #include <moxui/ui/OS_Menu.h>
 
+#include <functional>
 #include <optional>
 #include <vector>
 
@@ -22,7 +23,8 @@ struct ModalRequest {
   moxcore::Utf16String text{};
   unsigned buttons = 0;  ///< of message and input boxes: the sum of their answers
   int defaultAnswer = 0;
-  ui::UI_Node* content = nullptr;                           ///< of a dialog: its root node, to be driven
+  ui::UI_Node* content = nullptr;                           ///< of a box or dialog: its root, to be driven
+  std::function<void()> opened{};                           ///< of such: to be called once it is in a tree
   std::vector<ui::OS_MenuItem> const* menuItems = nullptr;  ///< of a menu
   PointT<float> position{};                                 ///< of a menu: its place on the desktop
   moxcore::Utf16String* editedText = nullptr;               ///< of an input box: may be changed
@@ -33,7 +35,8 @@ struct ModalRequest {
 class ModalResponder {
  public:
   virtual ~ModalResponder();
-  /// A button, an answer of a dialog, a menu's id (0 for none), or not 0 for a file dialog that was accepted.
+  /// A button, an answer of a dialog (unless driving its content has given one, which then counts), a menu's
+  /// id (0 for none), or not 0 for a file dialog that was accepted.
   virtual std::optional<int> Answer(ModalRequest& request) = 0;
 };
 

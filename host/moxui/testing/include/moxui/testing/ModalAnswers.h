@@ -8,6 +8,8 @@
 
 namespace moxui::testing {
 
+class Stage;
+
 /// What a box asked, kept after it closed.
 struct ModalRecord {
   platform::ModalKind kind = platform::ModalKind::kMessageBox;
@@ -31,6 +33,9 @@ class ModalAnswers : public platform::ModalResponder {
   void Expect(int answer);
   /// Drives the box (a dialog's content, an input box's text) and gives its answer.
   void Expect(Function function);
+  /// Puts the box on a stage of its size, with the focus as it opens, for a test to drive it as a user would;
+  /// what the events answer counts, 0 if they answer nothing.
+  void ExpectDriven(std::function<void(Stage&)> drive);
   /// Chooses the item of a menu by its text; none, as a hand would, if there is none of that text.
   void ExpectItem(moxcore::Utf16String text);
   void SetDefault(int answer) { mDefault = answer; }

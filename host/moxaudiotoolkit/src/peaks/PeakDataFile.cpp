@@ -8,7 +8,6 @@
 
 #include <algorithm>
 #include <bit>
-#include <cstring>
 #include <iterator>
 #include <limits>
 #include <stdexcept>
@@ -98,6 +97,20 @@ PeakData ParseHeader(std::span<const std::uint8_t> bytes, const std::string& nam
   return data;
 }
 
+// Checks the pairs from the value `begin` on.
+void CheckOrder(const PeakData& data, std::size_t begin, const std::string& name) {
+  if (!ArePairsInOrder(data.values.data() + begin, (data.values.size() - begin) / 2)) {
+    Throw(AudioFileFault::kDamaged, name,
+          "$$$/moxaudiotoolkit/Error/PeakOrder=The peak file is damaged: a smallest value is above its "
+          "largest.");
+  }
+}
+
+// Whether the values of a file are those of memory, byte by byte.
+bool AreAsInMemory(const PeakData& data) {
+  return !data.has8Bits && std::endian::native == std::endian::little;
+}
+
 // Adds whole pairs, and checks them.
 void AppendPairs(std::span<const std::uint8_t> bytes, PeakData& data, const std::string& name) {
   const std::size_t before = data.values.size();
@@ -105,23 +118,34 @@ void AppendPairs(std::span<const std::uint8_t> bytes, PeakData& data, const std:
     std::ranges::transform(bytes, std::back_inserter(data.values), [](std::uint8_t byte) {
       return static_cast<std::int16_t>(static_cast<std::int8_t>(byte));
     });
-  } else if constexpr (std::endian::native == std::endian::little) {
-    std::int16_t block[1024];
-    for (std::size_t i = 0; i < bytes.size(); i += sizeof block) {
-      const std::size_t size = std::min(sizeof block, bytes.size() - i);
-      std::memcpy(block, bytes.data() + i, size);
-      data.values.insert(data.values.end(), block, block + size / 2);
-    }
+  } else if (AreAsInMemory(data)) {
+    data.values.resize(before + bytes.size() / 2);
+    std::ranges::copy(bytes, reinterpret_cast<std::uint8_t*>(data.values.data() + before));
   } else {
     for (std::size_t i = 0; i < bytes.size(); i += 2) {
       data.values.push_back(static_cast<std::int16_t>(bytes[i] | bytes[i + 1] << 8));
     }
   }
-  if (!ArePairsInOrder(data.values.data() + before, (data.values.size() - before) / 2)) {
-    Throw(AudioFileFault::kDamaged, name,
-          "$$$/moxaudiotoolkit/Error/PeakOrder=The peak file is damaged: a smallest value is above its "
-          "largest.");
+  CheckOrder(data, before, name);
+}
+
+// Adds `size` bytes of whole pairs, those of `start` and then of the file, and checks them.
+void ReadPairs(PlainFile& file, std::span<const std::uint8_t> start, std::size_t size, PeakData& data,
+               const std::string& name) {
+  const std::size_t before = data.values.size();
+  if (AreAsInMemory(data)) {
+    // The room is made block by block: what has just been zeroed is overwritten while the cache holds it.
+    data.values.resize(before + size / 2);
+    auto* const bytes = reinterpret_cast<std::uint8_t*>(data.values.data() + before);
+    std::ranges::copy(start, bytes);
+    file.Read({bytes + start.size(), size - start.size()});
+    CheckOrder(data, before, name);
+    return;
   }
+  const auto block = std::make_unique_for_overwrite<std::uint8_t[]>(size);
+  std::ranges::copy(start, block.get());
+  file.Read({block.get() + start.size(), size - start.size()});
+  AppendPairs({block.get(), size}, data, name);
 }
 
 // The body has as many bytes as the header promises.
@@ -208,20 +232,17 @@ PeakData ReadPeakData(const std::string& path, const std::atomic<bool>* cancelle
         {std::to_string(values / 2), std::to_string(kMostPeakValues / 2)});
   }
   data.values.reserve(values);
-  const auto block = std::make_unique_for_overwrite<std::uint8_t[]>(kBlockBytes);
   // The start of the body has been read with the header of the other version.
-  std::size_t kept = start.size() - header;
-  std::copy_n(head + header, kept, block.get());
+  std::span<const std::uint8_t> kept = start.subspan(header);
   for (std::uint64_t done = 0; done < bodyBytes;) {
     if (cancelled != nullptr && cancelled->load(std::memory_order_relaxed)) {
       Throw(AudioFileFault::kCancelled, path,
             "$$$/moxaudiotoolkit/Error/Cancelled=The opening was cancelled.");
     }
     const auto size = static_cast<std::size_t>(std::min<std::uint64_t>(kBlockBytes, bodyBytes - done));
-    file.Read({block.get() + kept, size - kept});
-    AppendPairs({block.get(), size}, data, path);
+    ReadPairs(file, kept, size, data, path);
     done += size;
-    kept = 0;
+    kept = {};
   }
   return data;
 }

@@ -1,5 +1,30 @@
 # A target per room. Sources are found by folder, so that a new file needs no list to be edited.
 
+# Groups of sources that are compiled as one, as scripts/group_sources.py tells them; without it each is compiled
+# by itself.
+if(MOX_SOURCE_GROUPS AND EXISTS ${MOX_SOURCE_GROUPS})
+  set_property(DIRECTORY ${PROJECT_SOURCE_DIR} APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${MOX_SOURCE_GROUPS})
+  include(${MOX_SOURCE_GROUPS})
+endif()
+
+# mox_group_sources(TARGET): compiles the sources of a target of the current folder in those groups.
+function(mox_group_sources target)
+  get_target_property(sources ${target} SOURCES)
+  set(grouped FALSE)
+  foreach(source IN LISTS sources)
+    file(RELATIVE_PATH relative ${PROJECT_SOURCE_DIR} ${source})
+    if(DEFINED "mox_group_${relative}")
+      set_source_files_properties(${source} PROPERTIES UNITY_GROUP ${mox_group_${relative}})
+      set(grouped TRUE)
+    endif()
+  endforeach()
+  if(grouped)
+    set_target_properties(${target} PROPERTIES UNITY_BUILD ON UNITY_BUILD_MODE GROUP)
+    # A source that is included counts as a header, whose types should not rest on file-local ones.
+    target_compile_options(${target} PRIVATE $<$<CXX_COMPILER_ID:GNU>:-Wno-subobject-linkage>)
+  endif()
+endfunction()
+
 # mox_library(NAME [PUBLIC ...] [PRIVATE ...]): the shared library NAME from src/ and include/ of the
 # current folder, exported as moxmediaui::NAME.
 function(mox_library name)
@@ -25,6 +50,7 @@ function(mox_library name)
     # What a library forgot to link is told now rather than to the client. The sanitizers leave symbols open.
     target_link_options(${name} PRIVATE LINKER:-z,defs)
   endif()
+  mox_group_sources(${name})
   set_target_properties(${name} PROPERTIES VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR})
   set_property(GLOBAL APPEND PROPERTY MOX_LIBRARIES ${name})
   set_property(GLOBAL APPEND PROPERTY MOX_INCLUDE_DIRS ${ARG_INCLUDE_DIR})
@@ -72,6 +98,7 @@ function(mox_test name directory)
   target_include_directories(${name} PRIVATE ${CMAKE_CURRENT_SOURCE_DIR} ${CMAKE_CURRENT_SOURCE_DIR}/${directory})
   target_link_libraries(${name} PRIVATE ${ARG_LINK} test_folders GTest::gmock)
   mox_test_flags(${name} ${ARG_OPTIMIZED})
+  mox_group_sources(${name})
   if(MOX_PRECOMPILED_HEADERS)
     if(ARG_OPTIMIZED)
       target_precompile_headers(${name} REUSE_FROM test_header_optimized)

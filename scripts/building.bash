@@ -85,17 +85,31 @@ RunLogged() {
   return "$status"
 }
 
+# Tells which sources are compiled as one. Without Python each is compiled by itself, which takes longer.
+GroupSources() {
+  local groups="$root/build/groups.cmake"
+  # A folder is newer, too, when a file came or went.
+  if command -v python3 >/dev/null && { [[ ! -f $groups.stamp ]] ||
+      [[ -n $(find "$root"/{host,src,apps,tests,scripts} -newer "$groups.stamp" -print -quit) ]]; }; then
+    touch "$groups.stamp"
+    PYTHONDONTWRITEBYTECODE=1 python3 "$root/scripts/group_sources.py" "$root" "$groups"
+  fi
+}
+
 # Configure PRESET: into build/PRESET, if that was never done, the presets changed or the folder was moved.
 # Later changes of CMake files are seen by the build itself.
 Configure() {
   local preset=$1 build="$root/build/$1"
+  local -a options=()
+  # Each source is checked by itself.
+  [[ $preset == lint ]] || options+=("-DMOX_SOURCE_GROUPS=$root/build/groups.cmake")
   if [[ -f $build/CMakeCache.txt ]] && ! grep -qxF "CMAKE_HOME_DIRECTORY:INTERNAL=$root" "$build/CMakeCache.txt"; then
     rm -rf "$build"
   fi
   if [[ ! -f $build/build.ninja || ! -f $build/configured || $root/CMakePresets.json -nt $build/configured ]]; then
     Say "Configuring build/$preset"
     mkdir -p "$build"
-    (cd "$root" && RunLogged "$build/configure.log" cmake --preset "$preset") ||
+    (cd "$root" && RunLogged "$build/configure.log" cmake --preset "$preset" "${options[@]}") ||
       Fail "configuring failed; the log is $build/configure.log"
     touch "$build/configured"
   fi
@@ -108,6 +122,7 @@ Build() {
   mkdir -p "$build"
   (
     flock 9
+    GroupSources
     Configure "$preset"
     Say "Building build/$preset"
     RunLogged "$build/build.log" cmake --build "$build" --parallel "$(Jobs)" ${1:+--target "$@"} 9>&- ||

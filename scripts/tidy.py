@@ -17,11 +17,10 @@ import shlex
 import subprocess
 import sys
 
+from local_names import file_local_names, stands_alone
+
 LINES_PER_BATCH = 4000
 FILES_PER_BATCH = 32
-NAME_BEFORE_DEFINITION = re.compile(r"\b([A-Za-z_]\w*)\s*(?:[({=;\[]|:(?!:))")
-DEFINITION_OF_TYPE = re.compile(r"\b(?:class|struct|enum class|enum|union)\s+([A-Za-z_]\w*)")
-NOT_A_NAME = re.compile(r"(TEST(_[FP])?|INSTANTIATE_\w+|BENCHMARK\w*)\(|namespace\b|template\b|using [^=]*;$")
 FINDING = re.compile(r"^(.*?):(\d+):(\d+): (error|warning|note): (.*)$")
 # Tests and benchmarks are free of what is asked of the product: path-sensitive analysis of test macros takes most
 # of the time and finds nothing of worth, a test copies on purpose, its numbers are small and known, and using-
@@ -51,7 +50,7 @@ class Source:
         self.flags = flags_of(entry)
         self.product = not self.relative.startswith(("tests/", "benchmarks/", "fuzz/"))
         self.names = file_local_names(self.lines)
-        self.alone = any(re.match(r"\s*#\s*define\b|using namespace\b", line) for line in self.lines)
+        self.alone = stands_alone(self.lines)
 
 
 def flags_of(entry):
@@ -68,24 +67,6 @@ def flags_of(entry):
         elif word not in ("-c", "-MD", "-Werror", "-fno-thread-jumps", entry["file"]):
             flags.append(word)
     return tuple(flags)
-
-
-def file_local_names(lines):
-    """Names at the top level of unnamed namespaces and of static functions: the ones that may clash."""
-    names = set()
-    local = False
-    for line in lines:
-        if re.match(r"namespace \{", line):
-            local = True
-        elif local and re.match(r"\}\s*// namespace$", line):
-            local = False
-        elif re.match(NOT_A_NAME, line):
-            continue
-        elif re.match(r"[A-Za-z_]", line) and (local or line.startswith("static ")):
-            name = DEFINITION_OF_TYPE.search(line) or NAME_BEFORE_DEFINITION.search(line)
-            if name:
-                names.add(name.group(1))
-    return names
 
 
 class Batch:

@@ -57,9 +57,8 @@ void InputBoxView::Arrange() {
 
 void InputBoxView::FocusText() {
   mEdit->UI_GainKeyboardFocus(ui::FocusChangeReason::kByCode);
-  if (mContent.selectsText) {
-    mEdit->SelectAll();
-  }
+  std::size_t const end = mContent.text.size();
+  mEdit->GetTextEdit()->SetSelection({.anchor = mContent.selectsText ? 0 : end, .caret = end});
 }
 
 void InputBoxView::TextEdited(controls::UI_ControlChangedMessage&) {

@@ -15,7 +15,7 @@
 namespace playground {
 
 Shell::Shell(ProgramState& state, moxui::ui::NodeTree& tree, moxui::platform::Window* window)
-    : mState(state), mTree(tree), mWindow(window) {
+    : mState(state), mTree(tree), mWindow(window), mTopLevel(tree) {
   ApplyAppearance(mState.appearance);
   Build();
 }
@@ -36,7 +36,10 @@ void Shell::Build() {
           .askForFiles = [this] { AskForFiles(); },
           .askWhereToSave =
               [this](moxui::platform::FileRequest request) { return AskWhereToSave(std::move(request)); }});
-  mTree.SetRoot(mView);
+  mWorkspace = moxcore::utility::MakeIntrusive<ProgramWorkspace>(
+      Text16("$$$/playground/windowTitle=moxmediaui Playground"), mView);
+  mTopLevel.SetWorkspace(mWorkspace.Get());
+  mTree.SetRoot(mWorkspace);
 }
 
 namespace {

@@ -2,6 +2,9 @@
 
 #include "shell/MainView.h"
 #include "shell/ProgramState.h"
+#include "shell/ProgramWorkspace.h"
+
+#include <moxworkspace/TopLevelWindow.h>
 
 #include <functional>
 #include <string>
@@ -16,7 +19,8 @@ class NodeTree;
 
 namespace playground {
 
-// Puts the program's view into a tree, and makes it anew whenever theme, look, language or direction change.
+// Puts the program's view into a tree, in a panel of a main window's workspace, and makes it anew whenever
+// theme, look, language or direction change.
 class Shell {
  public:
   // All outlive the shell. The appearance of the state is applied at once. Files are asked for above the
@@ -27,6 +31,7 @@ class Shell {
   Shell& operator=(Shell const&) = delete;
 
   MainView& View() const { return *mView; }
+  ProgramWorkspace& GetWorkspace() const { return *mWorkspace; }
   void SetAppearance(Appearance const& appearance);
   // Asks for files and opens them. Does nothing without a platform to ask with.
   void AskForFiles();
@@ -44,8 +49,10 @@ class Shell {
   ProgramState& mState;
   moxui::ui::NodeTree& mTree;
   moxui::platform::Window* mWindow;
+  moxworkspace::TopLevelWindow mTopLevel;
   std::function<void(Appearance const&)> mAppearanceFunction;
   moxcore::utility::IntrusivePtr<MainView> mView;
+  moxcore::utility::IntrusivePtr<ProgramWorkspace> mWorkspace;
 };
 
 }  // namespace playground

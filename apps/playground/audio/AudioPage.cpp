@@ -1,21 +1,22 @@
 #include "audio/AudioPage.h"
 
+#include "audio/AudioNotices.h"
 #include "audio/AudioProperties.h"
 #include "audio/AudioReadOut.h"
+#include "audio/AudioSituations.h"
 #include "audio/ChannelGutter.h"
 #include "audio/EditBar.h"
 #include "audio/EditKeys.h"
 #include "audio/ExportBar.h"
 #include "audio/OverviewBar.h"
 #include "audio/PeakProgress.h"
-#include "audio/PropertyPanel.h"
 #include "audio/TimeRulerView.h"
 #include "audio/TransportBar.h"
 #include "audio/TransportKeys.h"
-#include "audio/ViewDrag.h"
 #include "audio/WaveformView.h"
 #include "program/AppearanceState.h"
 #include "program/Localized.h"
+#include "properties/PropertyPanel.h"
 #include "shell/EventLog.h"
 #include "shell/Listening.h"
 #include "shell/Named.h"
@@ -50,9 +51,6 @@ constexpr float kNoticeHeight = 32.0f;
 // How often files are looked at whether they have changed, in milliseconds.
 constexpr int kPollTimer = 1;
 constexpr float kPollPeriod = 1000.0f;
-
-// The places to begin from, in the order of the page's states.
-enum class Situation { kWhole, kSelection, kSamples, kLayers, kFade, kNoSound };
 
 float OnGrid(float value) {
   return std::floor(value / 4.0f) * 4.0f;
@@ -213,43 +211,7 @@ void AudioPage::Settle() {
 }
 
 void AudioPage::ShowState(std::size_t state) {
-  auto const situation = static_cast<Situation>(state);
-  if (situation == Situation::kNoSound) {
-    mSession.ShowDocument(mSession.Documents().size());
-    return;
-  }
-  if (!mSession.HasSound()) {
-    mSession.ShowDocument(0);
-  }
-  ViewDrag const oneStep(mSession);
-  double const frames = static_cast<double>(mSession.View().Frames());
-  auto const at = [frames](double share) { return static_cast<std::int64_t>(share * frames); };
-  mSession.ChangeSettings([&](WaveformSettings& settings) {
-    settings.layered = situation == Situation::kLayers;
-    settings.fadeDirection = situation == Situation::kFade ? FadeDirection::kIn : FadeDirection::kNone;
-    settings.fadeStart = 0;
-    settings.fadeEnd = situation == Situation::kFade ? at(0.6) : at(1.0);
-    settings.fadeAmount = situation == Situation::kFade ? 2.0 : settings.fadeAmount;
-  });
-  mSession.ChangeView([&](Viewport& view) {
-    view.ShowAll();
-    if (situation == Situation::kSamples) {
-      // As many samples at each scale of the screen.
-      double const visible = view.Width() / (14.0 * GetViewScaleFactor());
-      view.Show(frames / 3.0, frames / 3.0 + visible);
-    }
-  });
-  mSession.ChangeSelection([&](SampleSelection& selection) {
-    if (situation == Situation::kSelection) {
-      selection.Select(at(0.28), at(0.46));
-    } else if (situation == Situation::kSamples) {
-      auto const left = static_cast<std::int64_t>(mSession.View().Left());
-      auto const visible = static_cast<std::int64_t>(mSession.View().VisibleSamples());
-      selection.Select(left + visible * 2 / 5, left + visible * 3 / 5);
-    } else {
-      selection.PlaceAt(0);
-    }
-  });
+  BeginAt(mSession, static_cast<AudioSituation>(state), GetViewScaleFactor());
 }
 
 void AudioPage::SessionChanged(SessionChanges changes) {
@@ -451,40 +413,16 @@ void AudioPage::UI_Draw(moxui::scriber::Scriber* scriber) const {
                            {1.0f, 0.0f, 0.0f, 0.75f});
   }
   Page::UI_Draw(scriber);
+  RectT<float> const wave = Placed(WaveformFrame(), own.width);
   if (!mSession.HasSound()) {
-    DrawEmptyState(scriber);
+    DrawNoSound(scriber, wave, mSession.Settings());
   } else if (!ChannelsFit()) {
-    DrawNotice(
-        scriber, WaveformColor::kBackground,
-        Text16("$$$/playground/audio/tooManyTitle=There is no room for @0 channels",
-               {std::to_string(mSession.Current().ChannelCount())}),
-        Text16("$$$/playground/audio/tooManyText=Make the window higher, or put the channels in one layer."));
+    DrawTooManyChannels(scriber, wave, mSession.Settings(), mSession.Current().ChannelCount());
   }
 }
 
 bool AudioPage::ChannelsFit() const {
   return mSession.Current().ChannelCount() == 0 || !mGutter->StripRect(0).IsEmpty();
-}
-
-void AudioPage::DrawNotice(moxui::scriber::Scriber* scriber, WaveformColor ground,
-                           moxcore::Utf16String const& title, moxcore::Utf16String const& text) const {
-  RectT<float> const wave = Placed(WaveformFrame(), UI_GetLocalRectF(false).width);
-  moxui::ColorRGBA const ink =
-      InkOn(ColorOf(mSession.Settings(), PaletteOf(CurrentAppearance().theme), ground));
-  float const middle = wave.Center().y;
-  using moxui::scriber::TextAlignment;
-  DrawLabel(scriber, title, {wave.left, middle - 20.0f, wave.width, 20.0f}, TextAlignment::kCenter,
-            FontIndex::kTitle, ink);
-  DrawLabel(scriber, text, {wave.left, middle + 4.0f, wave.width, 20.0f}, TextAlignment::kCenter,
-            FontIndex::kText, ink);
-}
-
-void AudioPage::DrawEmptyState(moxui::scriber::Scriber* scriber) const {
-  RectT<float> const wave = Placed(WaveformFrame(), UI_GetLocalRectF(false).width);
-  moxui::utils::DrawOutline(scriber, wave.Inset(0.5f), ThemeColor(ThemeColorID::kGray4), 1.0f);
-  DrawNotice(scriber, WaveformColor::kControl, Text16("$$$/playground/audio/emptyTitle=Drop a sound here"),
-             Text16("$$$/playground/audio/emptyText=WAV, AIFF, FLAC, Ogg, Opus, MP3 or .dat peaks, or open "
-                    "one with Ctrl+O."));
 }
 
 }  // namespace playground

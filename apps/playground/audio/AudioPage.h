@@ -1,7 +1,7 @@
 #pragma once
 
 #include "audio/AudioSession.h"
-#include "audio/Property.h"
+#include "properties/Property.h"
 #include "shell/Page.h"
 
 #include <moxui/controls/UI_Popup.h>
@@ -76,9 +76,6 @@ class AudioPage : public Page {
   void LogSelection();
   void PropertyChanged(Property const& property, std::string const& value);
   moxui::RectT<float> WaveformFrame() const;
-  void DrawEmptyState(moxui::scriber::Scriber* scriber) const;
-  void DrawNotice(moxui::scriber::Scriber* scriber, WaveformColor ground, moxcore::Utf16String const& title,
-                  moxcore::Utf16String const& text) const;
 
   AudioSession& mSession;
   Transport& mTransport;

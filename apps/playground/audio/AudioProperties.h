@@ -1,7 +1,7 @@
 #pragma once
 
-#include "audio/Property.h"
 #include "program/Appearance.h"
+#include "properties/Property.h"
 
 #include <vector>
 

@@ -3,7 +3,7 @@
 #include "audio/AudioSession.h"
 #include "audio/ChannelNames.h"
 #include "audio/LevelGrid.h"
-#include "audio/NamedColors.h"
+#include "properties/NamedColors.h"
 #include "program/AppearanceState.h"
 #include "program/HexColor.h"
 #include "program/Localized.h"

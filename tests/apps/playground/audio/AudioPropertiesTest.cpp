@@ -1,12 +1,12 @@
 #include "audio/AudioProperties.h"
-#include "audio/ColorField.h"
-#include "audio/PropertyPanel.h"
-#include "audio/PropertyRow.h"
 #include "audio/WaveformView.h"
 #include "playground/MadeUpSound.h"
 #include "playground/StagedProgram.h"
 #include "program/HexColor.h"
 #include "program/Localized.h"
+#include "properties/ColorField.h"
+#include "properties/PropertyPanel.h"
+#include "properties/PropertyRow.h"
 
 #include <moxaudiotoolkit/peaks/PeakBuilder.h>
 #include <moxmediaui/WaveformDraw.h>

@@ -1,13 +1,13 @@
 #include "audio/EditBar.h"
 #include "audio/ExportBar.h"
 #include "audio/GlyphButton.h"
-#include "audio/PropertyPanel.h"
-#include "audio/PropertyRow.h"
 #include "playground/SoundFiles.h"
 #include "playground/StagedProgram.h"
 #include "playground/TemporaryFolder.h"
 #include "playground/playback/CountingSource.h"
 #include "program/Localized.h"
+#include "properties/PropertyPanel.h"
+#include "properties/PropertyRow.h"
 
 #include <moxaudiotoolkit/peaks/PeakBuilder.h>
 #include <moxaudiotoolkit/peaks/PeakDataFile.h>

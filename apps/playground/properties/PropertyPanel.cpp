@@ -1,7 +1,7 @@
-#include "audio/PropertyPanel.h"
+#include "properties/PropertyPanel.h"
 
-#include "audio/PropertyRow.h"
 #include "program/Localized.h"
+#include "properties/PropertyRow.h"
 #include "shell/Painting.h"
 
 #include <moxui/controls/UI_ScrollBar.h>

@@ -1,8 +1,8 @@
-#include "audio/PropertyRow.h"
+#include "properties/PropertyRow.h"
 
-#include "audio/ColorField.h"
 #include "program/HexColor.h"
 #include "program/Localized.h"
+#include "properties/ColorField.h"
 #include "shell/Listening.h"
 #include "shell/Named.h"
 #include "shell/Painting.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "audio/Property.h"
+#include "properties/Property.h"
 
 #include <moxui/controls/UI_ScrollView.h>
 #include <moxui/ui/UI_SubView.h>

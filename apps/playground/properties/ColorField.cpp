@@ -1,8 +1,8 @@
-#include "audio/ColorField.h"
+#include "properties/ColorField.h"
 
-#include "audio/NamedColors.h"
 #include "program/HexColor.h"
 #include "program/Localized.h"
+#include "properties/NamedColors.h"
 #include "shell/Listening.h"
 #include "shell/Named.h"
 #include "shell/Painting.h"

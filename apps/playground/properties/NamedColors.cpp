@@ -1,4 +1,4 @@
-#include "audio/NamedColors.h"
+#include "properties/NamedColors.h"
 
 #include <array>
 

@@ -33,6 +33,7 @@ class AudioPage : public Page {
   ~AudioPage() override;
 
   void ShowState(std::size_t state) override;
+  void ResumeState(std::size_t) override {}
   void Settle() override;
   // Of the panel.
   float GetScrollOffset() const override;

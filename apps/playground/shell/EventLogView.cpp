@@ -27,7 +27,8 @@ constexpr float kWheelPixelsPerLine = 16.0f;
 
 }  // namespace
 
-EventLogView::EventLogView(EventLog& log) : mLog(log) {
+EventLogView::EventLogView(EventLog& log, std::string_view title, std::string_view emptyText)
+    : mLog(log), mTitle(Text16(title)), mEmptyText(Text16(emptyText)) {
   SetWantsKeyboardFocus(true);
   mLog.SetListener(this, [this] {
     mLinesBack = 0;
@@ -58,14 +59,12 @@ void EventLogView::UI_Draw(moxui::scriber::Scriber* scriber) const {
   moxui::utils::DrawRect(scriber, own, ThemeColor(ThemeColorID::kGray1));
   moxui::utils::DrawRect(scriber, {0.0f, 0.0f, own.width, 1.0f}, ThemeColor(ThemeColorID::kGray3));
   RectT<float> const text{kPanelPadding, 0.0f, own.width - 2.0f * kPanelPadding, kLineHeight};
-  DrawLabel(scriber, Text16("$$$/playground/log/title=Messages"),
-            {text.left, 0.0f, text.width, kCaptionHeight}, Leading(), FontIndex::kSmall,
+  DrawLabel(scriber, mTitle, {text.left, 0.0f, text.width, kCaptionHeight}, Leading(), FontIndex::kSmall,
             ThemeColor(ThemeColorID::kGray7));
   auto const& lines = mLog.Lines();
   if (lines.empty()) {
-    DrawLabel(scriber, Text16("$$$/playground/log/empty=What the controls tell is listed here."),
-              {text.left, kCaptionHeight, text.width, kLineHeight}, Leading(), FontIndex::kSmall,
-              ThemeColor(ThemeColorID::kGray7));
+    DrawLabel(scriber, mEmptyText, {text.left, kCaptionHeight, text.width, kLineHeight}, Leading(),
+              FontIndex::kSmall, ThemeColor(ThemeColorID::kGray7));
   }
   int const last = static_cast<int>(lines.size()) - mLinesBack;
   int const first = std::max(last - VisibleLines(), 0);
@@ -128,7 +127,7 @@ moxui::ui::AccessibleRole EventLogView::UI_GetAccessibleRole() const {
 }
 
 moxcore::Utf8String EventLogView::UI_GetAccessibleName() const {
-  return moxcore::Utf8String(Text("$$$/playground/log/title=Messages"));
+  return moxcore::Utf8String(To8(mTitle));
 }
 
 moxcore::Utf8String EventLogView::UI_GetAccessibleValue() const {

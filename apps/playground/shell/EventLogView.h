@@ -2,6 +2,8 @@
 
 #include <moxui/controls/UI_ControlView.h>
 
+#include <string_view>
+
 namespace playground {
 
 class EventLog;
@@ -9,8 +11,11 @@ class EventLog;
 // Shows a log, its newest lines at the bottom; the wheel and the keys scroll back.
 class EventLogView : public moxui::controls::UI_ControlView {
  public:
-  // The log outlives the view.
-  explicit EventLogView(EventLog& log);
+  // The log outlives the view. The texts, literals, are the heading and what stands below it while there is
+  // nothing to be shown.
+  explicit EventLogView(
+      EventLog& log, std::string_view title = "$$$/playground/log/title=Messages",
+      std::string_view emptyText = "$$$/playground/log/empty=What the controls tell is listed here.");
   ~EventLogView() override;
 
   // How many of the newest lines lie below the view.
@@ -29,6 +34,8 @@ class EventLogView : public moxui::controls::UI_ControlView {
   int VisibleLines() const;
 
   EventLog& mLog;
+  moxcore::Utf16String mTitle;
+  moxcore::Utf16String mEmptyText;
   int mLinesBack = 0;
 };
 

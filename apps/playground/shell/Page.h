@@ -16,12 +16,16 @@ namespace playground {
 
 class AudioSession;
 class EventLog;
+class TimecodeBench;
 class Transport;
 
 // One page of the program: some controls at work. It shows one of its states, by their numbers.
 class Page : public moxui::ui::UI_SubView {
  public:
   virtual void ShowState(std::size_t state) = 0;
+  // The page takes the place of one that was left in a state. Pages whose states are but places to begin from
+  // stay as they are.
+  virtual void ResumeState(std::size_t state) { ShowState(state); }
   // Waits for what other threads still make for its picture.
   virtual void Settle() {}
   // How far the page is scrolled down, where it scrolls.
@@ -36,6 +40,7 @@ struct PageContext {
   AudioSession& audio;
   Transport& transport;
   EventLog& log;
+  TimecodeBench& timecode;
   // Asks the user for the name of a file to write; empty when there is none to be.
   std::function<std::string(moxui::platform::FileRequest request)> askWhereToSave = {};
 };

@@ -2,6 +2,7 @@
 #include "controls/ControlPages.h"
 #include "program/Localized.h"
 #include "shell/Page.h"
+#include "timecode/TimecodePage.h"
 
 #include <moxcore/string/TextOperations.h>
 
@@ -27,7 +28,7 @@ PageDescriptor Audio() {
 }
 
 std::vector<PageDescriptor> MakePages() {
-  std::vector<PageDescriptor> pages{Audio()};
+  std::vector<PageDescriptor> pages{Audio(), TimecodePageDescriptor()};
   for (PageDescriptor& page : ControlPages()) {
     pages.push_back(std::move(page));
   }

@@ -5,6 +5,7 @@
 #include "playback/SdlOutput.h"
 #include "program/Appearance.h"
 #include "shell/EventLog.h"
+#include "timecode/TimecodeBench.h"
 
 #include <cstddef>
 
@@ -15,6 +16,7 @@ struct ProgramState {
   AudioSession audio;
   Transport transport{audio, NewSdlOutput()};
   EventLog log;
+  TimecodeBench timecode;
   Appearance appearance;
   std::size_t page = 0;
   std::size_t stateOfPage = 0;

@@ -31,6 +31,10 @@ ControlPage& StagedProgram::Controls() const {
   return dynamic_cast<ControlPage&>(*shell.View().GetPage());
 }
 
+TimecodePage& StagedProgram::Timecode() const {
+  return dynamic_cast<TimecodePage&>(*shell.View().GetPage());
+}
+
 moxui::PointT<float> StagedProgram::PointIn(moxui::ui::UI_Node const& node, float x, float y) {
   moxui::RectT<float> const own = node.UI_GetLocalRectF(false);
   moxui::RectT<float> const inTree = node.UI_ConvertRectTo(nullptr, own);

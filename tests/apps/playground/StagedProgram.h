@@ -4,6 +4,7 @@
 #include "controls/ControlPage.h"
 #include "playground/playback/ManualDevice.h"
 #include "shell/Shell.h"
+#include "timecode/TimecodePage.h"
 
 #include <moxui/testing/Stage.h>
 
@@ -20,6 +21,7 @@ class StagedProgram {
 
   AudioPage& Audio() const;
   ControlPage& Controls() const;
+  TimecodePage& Timecode() const;
   AudioSession& Session() { return state.audio; }
   // A point of a node's, in the tree's coordinates, by shares of its extent.
   static moxui::PointT<float> PointIn(moxui::ui::UI_Node const& node, float x, float y = 0.5f);

@@ -94,6 +94,21 @@ TEST(MainView, ShowsTheStateWhoseTabIsClicked) {
   EXPECT_EQ(program.state.stateOfPage, 0u);
 }
 
+TEST(MainView, StaysInTheStateOfAPageInAnotherTheme) {
+  StagedProgram program("buttons");
+  TabStrip& tabs = program.shell.View().GetTabs();
+  program.stage.Click(tabs.UI_ConvertRectTo(nullptr, tabs.ItemRect(4)).Center());
+  Appearance appearance;
+  appearance.theme = ThemeChoice::kLight;
+  program.shell.SetAppearance(appearance);
+  EXPECT_EQ(program.shell.View().GetTabs().GetValue(), 4u);
+  auto const switched = program.Picture();
+  program.shell.View().GetPage()->ShowState(4);
+  EXPECT_TRUE(program.Picture() == switched);
+  program.shell.View().GetPage()->ShowState(0);
+  EXPECT_FALSE(program.Picture() == switched);
+}
+
 TEST(MainView, SwitchesThemeLookLanguageAndDirectionWhileItRuns) {
   StagedProgram program;
   moxui::testing::ModalAnswers answers;
@@ -292,8 +307,8 @@ TEST_P(Reachable, BackwardInTheOppositeOrder) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Pages, Reachable,
-                         testing::Values("audio", "buttons", "checkbox", "popup", "slider", "scroll-view",
-                                         "text-edit"),
+                         testing::Values("audio", "timecode", "buttons", "checkbox", "popup", "slider",
+                                         "scroll-view", "text-edit"),
                          [](auto const& page) {
                            std::string name(page.param);
                            name.erase(std::remove(name.begin(), name.end(), '-'), name.end());
@@ -365,7 +380,7 @@ TEST(MainView, EndsInTheMiddleOfADrag) {
 }
 
 TEST(MainView, HoldsOutInTheSmallestWindow) {
-  for (std::string_view const page : {"audio", "buttons", "scroll-view"}) {
+  for (std::string_view const page : {"audio", "timecode", "buttons", "scroll-view"}) {
     StagedProgram program(page, {}, {960.0f, 600.0f});
     program.Picture();
     program.stage.GetTree().SetSize({1.0f, 1.0f});

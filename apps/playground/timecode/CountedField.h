@@ -1,0 +1,19 @@
+#pragma once
+
+#include <moxmediaui/HotTimecodeControl.h>
+
+namespace playground {
+
+// At this height the text of a field, which stands 7 above its bottom, is in its middle, in both looks.
+inline constexpr float kTimecodeFieldHeight = 24.0f;
+
+// A timecode field whose owner says where counts of frames and feet begin.
+class CountedField : public moxmediaui::UI_HotTimecodeControl {
+ public:
+  // Acts when the format or the offset is set next, or the host refreshes the counting.
+  void SetCountsFromOne(bool fromOne) { SetGeneralClipMediaFrameCountOffset(fromOne ? 1 : 0); }
+  // Brings the text up to date after what is merely stored, such as how no time is shown.
+  void SetInlineText() { SetInlineTextStringFromTimecode(); }
+};
+
+}  // namespace playground

@@ -18,7 +18,6 @@ namespace {
 
 using moxcore::Utf16String;
 using moxcore::Utf8String;
-using moxcore::filesupport::Dir;
 using moxcore::filesupport::File;
 using moxcore::filesupport::IPlatformByteStream;
 using moxcore::filesupport::SafeSave;

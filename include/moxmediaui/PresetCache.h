@@ -228,7 +228,7 @@ void DirBasedStorage::AddLoaded(Preset<T> preset, File const& file, std::vector<
       TraceFailedRepair(file);
     }
   }
-  mFiles[preset.guid] = file;
+  mFiles.insert_or_assign(preset.guid, file);
   loaded.push_back(std::move(preset));
 }
 

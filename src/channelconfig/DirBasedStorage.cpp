@@ -77,10 +77,6 @@ void DirBasedStorage::Skip(File const& file, SkipReason reason, char const* deta
 
 std::optional<Utf8String> DirBasedStorage::ReadText(File const& file) {
   try {
-    if (!file.Exists()) {
-      Skip(file, SkipReason::kGone, "no file");
-      return std::nullopt;
-    }
     IPlatformByteStream stream(file, IPlatformByteStream::kRead);
     auto const length = stream.Length();
     if (length > kLongestFile) {
@@ -91,7 +87,7 @@ std::optional<Utf8String> DirBasedStorage::ReadText(File const& file) {
     stream.ReadBlock(text.data(), length);
     return text;
   } catch (std::exception const& exception) {
-    Skip(file, SkipReason::kUnreadable, exception.what());
+    Skip(file, file.Exists() ? SkipReason::kUnreadable : SkipReason::kGone, exception.what());
     return std::nullopt;
   }
 }

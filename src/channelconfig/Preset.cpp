@@ -49,8 +49,17 @@ char32_t LeadingUnit(char32_t character) {
   return character < 0x10000 ? character : 0xd800 + ((character - 0x10000) >> 10);
 }
 
+bool IsAscii(char unit) {
+  return static_cast<unsigned char>(unit) < 0x80;
+}
+
 // As if both were UTF-16, without making them so.
 bool LessByUtf16(std::string_view a, std::string_view b) {
+  auto const [restOfA, restOfB] = std::ranges::mismatch(a, b);
+  if ((restOfA == a.end() || IsAscii(*restOfA)) && (restOfB == b.end() || IsAscii(*restOfB))) {
+    // Nothing before could end otherwise.
+    return restOfB != b.end() && (restOfA == a.end() || *restOfA < *restOfB);
+  }
   std::size_t atA = 0;
   std::size_t atB = 0;
   while (atA < a.size() && atB < b.size()) {

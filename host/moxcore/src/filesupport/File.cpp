@@ -8,7 +8,15 @@ namespace moxcore::filesupport {
 
 File::File(Utf8String path) : mPath(std::move(path)) {}
 
-File::File(Dir const& parent, std::string_view name) : mPath(Dir(parent, name, false).FullPath()) {}
+File::File(Dir const& parent, std::string_view name) {
+  auto const& folder = parent.FullPath();
+  mPath.reserve(folder.size() + 1 + name.size());
+  mPath.append(folder);
+  if (!folder.empty() && !folder.ends_with('/')) {
+    mPath.push_back('/');
+  }
+  mPath.append(name);
+}
 
 Dir File::GetParent() const {
   auto const slash = mPath.rfind('/');

@@ -10,15 +10,11 @@ IPlatformByteStream::IPlatformByteStream(File const& file, std::uint32_t flags) 
   if (flags != kRead) {
     throw std::invalid_argument("byte streams are for reading");
   }
-  mDescriptor = posix::Open(file.FullPath());
+  mDescriptor = posix::Open(file.FullPath(), mLength);
 }
 
 IPlatformByteStream::~IPlatformByteStream() {
   posix::Close(mDescriptor);
-}
-
-std::uint64_t IPlatformByteStream::Length() const {
-  return posix::Length(mDescriptor, mFile.FullPath());
 }
 
 void IPlatformByteStream::ReadBlock(void* buffer, std::uint64_t size) {

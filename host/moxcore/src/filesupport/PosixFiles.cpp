@@ -194,7 +194,7 @@ std::vector<DirEntry> ListDirectory(Utf8String const& path) {
   }
 }
 
-int Open(Utf8String const& path) {
+int Open(Utf8String const& path, std::uint64_t& length) {
   // Without waiting: a pipe would have the caller wait for who writes to it.
   Descriptor descriptor(kCannotRead, path, O_RDONLY | O_NONBLOCK);
   struct stat status;
@@ -202,6 +202,7 @@ int Open(Utf8String const& path) {
   if (!S_ISREG(status.st_mode)) {
     Throw(kCannotRead, path, S_ISDIR(status.st_mode) ? EISDIR : EINVAL);
   }
+  length = static_cast<std::uint64_t>(status.st_size);
   return descriptor.Release();
 }
 
@@ -209,12 +210,6 @@ void Close(int descriptor) noexcept {
   if (descriptor >= 0) {
     close(descriptor);
   }
-}
-
-std::uint64_t Length(int descriptor, Utf8String const& path) {
-  struct stat status;
-  Checked(kCannotRead, path, [&] { return fstat(descriptor, &status); });
-  return static_cast<std::uint64_t>(status.st_size);
 }
 
 void Read(int descriptor, void* buffer, std::uint64_t size, Utf8String const& path) {

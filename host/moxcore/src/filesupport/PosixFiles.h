@@ -24,10 +24,9 @@ bool MakeDirectory(Utf8String const& path, unsigned mode);
 void RemoveDirectory(Utf8String const& path);
 std::vector<DirEntry> ListDirectory(Utf8String const& path);
 
-// Opens regular files only, for reading.
-int Open(Utf8String const& path);
+// Opens regular files only, for reading, and tells their length.
+int Open(Utf8String const& path, std::uint64_t& length);
 void Close(int descriptor) noexcept;
-std::uint64_t Length(int descriptor, Utf8String const& path);
 void Read(int descriptor, void* buffer, std::uint64_t size, Utf8String const& path);
 void Write(Utf8String const& path, std::string_view text);
 

@@ -95,11 +95,11 @@ class TreeMaker {
     mLast = value.get();
     if (mOpen.empty()) {
       mRoot = std::move(value);
-    } else if (auto* const array = std::any_cast<JSONArray>(mOpen.back())) {
-      array->push_back(std::move(value));
+    } else if (auto const& container = mOpen.back(); container.array != nullptr) {
+      container.array->push_back(std::move(value));
     } else {
-      auto& object = std::any_cast<JSONObject&>(*mOpen.back());
-      object.insert_or_assign(std::move(mKeys.back()), std::move(value));
+      // Texts mostly have their keys in order already.
+      container.object->insert_or_assign(container.object->end(), std::move(mKeys.back()), std::move(value));
       mKeys.pop_back();
     }
     return true;
@@ -112,7 +112,7 @@ class TreeMaker {
     if (!Add(std::move(container), bytes)) {
       return false;
     }
-    mOpen.push_back(mLast);
+    mOpen.push_back({std::any_cast<JSONObject>(mLast), std::any_cast<JSONArray>(mLast)});
     return true;
   }
 
@@ -121,9 +121,15 @@ class TreeMaker {
     return true;
   }
 
+  // One of both is null.
+  struct Container {
+    JSONObject* object;
+    JSONArray* array;
+  };
+
   JSONValue mRoot;
   // The containers that aren't closed yet, owned by the root.
-  std::vector<std::any*> mOpen;
+  std::vector<Container> mOpen;
   // The keys whose values haven't come.
   std::vector<Utf8String> mKeys;
   std::any* mLast = nullptr;

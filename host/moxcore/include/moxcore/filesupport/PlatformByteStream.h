@@ -17,14 +17,15 @@ class IPlatformByteStream : utility::noncopyable {
   IPlatformByteStream(File const& file, std::uint32_t flags);
   ~IPlatformByteStream();
 
-  // The length of the file now.
-  std::uint64_t Length() const;
+  // The length of the file when it was opened.
+  std::uint64_t Length() const noexcept { return mLength; }
   // Reads the next `size` bytes; fewer are an error.
   void ReadBlock(void* buffer, std::uint64_t size);
 
  private:
   File mFile;
   int mDescriptor = -1;
+  std::uint64_t mLength = 0;
 };
 
 }  // namespace moxcore::filesupport

@@ -1,4 +1,5 @@
 #include "DecimalNumber.h"
+#include "WellFormedText.h"
 
 #include <moxcore/serialization/JSON.h>
 
@@ -137,8 +138,8 @@ class TreeMaker {
   char const* mFault = nullptr;
 };
 
-constexpr unsigned kReading = rapidjson::kParseInsituFlag | rapidjson::kParseIterativeFlag |
-                              rapidjson::kParseValidateEncodingFlag | rapidjson::kParseNumbersAsStringsFlag;
+constexpr unsigned kReading =
+    rapidjson::kParseInsituFlag | rapidjson::kParseIterativeFlag | rapidjson::kParseNumbersAsStringsFlag;
 
 // The fault and its place, if there is one.
 std::optional<parse_exception> Read(char const* bytes, std::size_t length, JSONLimits limits,
@@ -154,6 +155,10 @@ std::optional<parse_exception> Read(char const* bytes, std::size_t length, JSONL
   }
   if (auto const* const nul = static_cast<char const*>(std::memchr(bytes, 0, length))) {
     return parse_exception("a NUL stands in the text", static_cast<std::size_t>(nul - bytes));
+  }
+  // The reader's own validation would look behind the end of a text that ends within a character.
+  if (auto const wellFormed = WellFormedSize({bytes, length}); wellFormed != length) {
+    return parse_exception("the text is no UTF-8", wellFormed);
   }
   // The reader unescapes strings where they stand.
   auto const copy = std::make_unique_for_overwrite<char[]>(length + 1);

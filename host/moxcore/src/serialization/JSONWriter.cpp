@@ -1,7 +1,7 @@
 #include "DecimalNumber.h"
+#include "WellFormedText.h"
 
 #include <moxcore/serialization/JSON.h>
-#include <moxcore/string/Encoding.h>
 #include <moxcore/string/NumberText.h>
 
 #include <cmath>
@@ -11,21 +11,6 @@
 namespace moxcore::serialization {
 
 namespace {
-
-bool IsWellFormed(std::string_view text) {
-  for (std::size_t position = 0; position < text.size();) {
-    if (static_cast<unsigned char>(text[position]) < 0x80) {
-      ++position;
-      continue;
-    }
-    auto const begin = position;
-    if (string::NextCharacter(text, position) == string::kReplacementCharacter &&
-        text.substr(begin, position - begin) != "\xef\xbf\xbd") {
-      return false;
-    }
-  }
-  return true;
-}
 
 void AppendEscaped(Utf8String& text, char unit) {
   constexpr std::string_view kDigits = "0123456789abcdef";
@@ -149,7 +134,7 @@ class Writer {
   }
 
   void String(std::string_view text) {
-    if (!IsWellFormed(text)) {
+    if (WellFormedSize(text) != text.size()) {
       throw std::invalid_argument("a string is no UTF-8");
     }
     mText.push_back('"');

@@ -118,8 +118,8 @@ TEST(JSONRead, UnescapesStrings) {
 
 TEST(JSONRead, RefusesStringsThatAreNoUtf8) {
   for (auto const* text : {"\"\x80\"", "\"\xc0\xaf\"", "\"\xe2\x82\"", "\"\xed\xa0\x80\"", "\"\xed\xb0\x80\"",
-                           "\"\xf4\x90\x80\x80\"", "\"\xff\"", "{\"\xc3\":1}", R"("\ud800")", R"("\udc00")",
-                           R"("\ud800\u0041")", R"({"\udfff":1})"}) {
+                           "\"\xf4\x90\x80\x80\"", "\"\xff\"", "{\"\xc3\":1}", "\"\xf4", "\"\xe2\x82",
+                           R"("\ud800")", R"("\udc00")", R"("\ud800\u0041")", R"({"\udfff":1})"}) {
     EXPECT_EQ(Parse(text), nullptr) << text;
   }
 }
@@ -181,6 +181,7 @@ TEST(JSONRead, TellsWhatIsWrongAndWhere) {
   EXPECT_EQ(offsetOf("[1,2,x]", "Invalid value"), 5u);
   EXPECT_EQ(offsetOf("", "empty"), 0u);
   EXPECT_EQ(offsetOf("[\0]"s, "NUL"), 1u);
+  EXPECT_EQ(offsetOf("[\"long enough for a word \ufffd\xf4", "UTF-8"), 28u);
   EXPECT_EQ(offsetOf(std::string(300, '['), "too deep"), 256u);
   EXPECT_NE(JSONParseOrThrow("[]", 2), nullptr);
 }

@@ -8,7 +8,6 @@
 #include <moxworkspace/WorkspaceUtils.h>
 
 #include <algorithm>
-#include <ranges>
 
 namespace moxmediaui {
 
@@ -55,9 +54,9 @@ bool PresetsView::GetCurrentPresetInfoFromPopup(PresetInfo& info) const {
 }
 
 bool PresetsView::GetPresetInfoByName(Utf8String const& name, PresetInfo& info) const {
-  auto const lastFirst = mPresetInfos | std::views::reverse;
-  auto const found = std::ranges::find(lastFirst, name, &PresetInfo::name);
-  if (found == lastFirst.end()) {
+  auto const found = std::find_if(mPresetInfos.rbegin(), mPresetInfos.rend(),
+                                  [&](PresetInfo const& info) { return info.name == name; });
+  if (found == mPresetInfos.rend()) {
     return false;
   }
   info = *found;

@@ -7,7 +7,6 @@
 #include <algorithm>
 #include <array>
 #include <memory>
-#include <ranges>
 
 namespace moxui::dialogs {
 namespace {
@@ -59,7 +58,8 @@ ButtonRow::ButtonRow(ui::UI_SubView& box, unsigned buttons, unsigned defaultButt
 float ButtonRow::Arrange(float boxWidth, float top) const {
   float right = boxWidth - kBoxPadding;
   float height = 0.0f;
-  for (auto const& [button, control] : mButtons | std::views::reverse) {
+  for (auto button = mButtons.rbegin(); button != mButtons.rend(); ++button) {
+    auto const& control = button->second;
     ExtentT<float> const wanted = control->UI_GetRecommendedSizeFromDefaultSupplier();
     float const width = std::max(wanted.width, kButtonWidth);
     control->UI_SetLocalRectF(PlacedInBox({right - width, top, width, wanted.height}, boxWidth));

@@ -22,7 +22,6 @@ using archive::Object;
 using archive::PropertyValue;
 using archive::ThrowArchiveError;
 using archive::Value;
-using archive::ValueKind;
 using moxcore::utility::IntrusivePtr;
 using NodePtr = IntrusivePtr<UI_Node>;
 
@@ -73,7 +72,7 @@ Value const& Require(Value const& object, std::string_view key) {
 
 std::vector<Value const*> SectionsOf(Value const& node) {
   Value const& sections = Require(node, "sections");
-  auto const listed = Numbered(sections, "section-");
+  auto listed = Numbered(sections, "section-");
   std::int64_t const count = PropertyValue("count", Require(sections, "count")).AsInteger();
   if (count != static_cast<std::int64_t>(listed.size())) {
     ThrowArchiveError(
@@ -165,8 +164,11 @@ class Building {
 
   void BuildChildren(UI_Node& node, Value const& children, int depth) {
     auto const descriptions = Numbered(children, "child-");
+    if (descriptions.empty()) {
+      return;
+    }
     UI_Container* const container = node.UI_GetContainer();
-    if (container == nullptr && !descriptions.empty()) {
+    if (container == nullptr) {
       PropertyValue("children", children).Reject();
     }
     for (Value const* const description : descriptions) {

@@ -55,7 +55,7 @@ bool PresetsView::GetCurrentPresetInfoFromPopup(PresetInfo& info) const {
 
 bool PresetsView::GetPresetInfoByName(Utf8String const& name, PresetInfo& info) const {
   auto const found = std::find_if(mPresetInfos.rbegin(), mPresetInfos.rend(),
-                                  [&](PresetInfo const& info) { return info.name == name; });
+                                  [&](PresetInfo const& preset) { return preset.name == name; });
   if (found == mPresetInfos.rend()) {
     return false;
   }

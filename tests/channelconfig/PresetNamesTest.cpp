@@ -1,6 +1,7 @@
 #include <moxcore/config/Localizer.h>
 #include <moxcore/config/ModuleCatalogues.h>
 #include <moxcore/utility/ModuleHandle.h>
+#include <moxcore/utility/ModuleResources.h>
 #include <moxmediaui/Module.h>
 
 #include <gtest/gtest.h>
@@ -14,9 +15,10 @@ namespace {
 TEST(PresetNames, AreTheSameUnderBothOfTheirKeysInEveryLanguage) {
   auto& localizer = moxcore::config::Localizer::Get();
   auto const module = moxcore::utility::ModuleHandle::FromAddress(reinterpret_cast<void const*>(&Terminate));
-  ASSERT_GT(moxcore::config::AddCataloguesFromModule(module), 0);
-  ASSERT_GE(localizer.GetLanguages().size(), 2u);
-  for (auto const& language : localizer.GetLanguages()) {
+  moxcore::config::AddCataloguesFromModule(module);
+  auto const languages = moxcore::utility::GetResourceDataNames(module, moxcore::utility::ResourceType("PO"));
+  ASSERT_FALSE(languages.empty());
+  for (auto const& language : languages) {
     localizer.SetLanguage(language);
     for (auto const& [one, other] :
          {std::pair("$$$/app/PresetManager/CustomPresetName=(Custom)",

@@ -4,6 +4,7 @@
 #include "audio/ChannelNames.h"
 #include "program/Localized.h"
 #include "program/NumberText.h"
+#include "properties/PropertyMaker.h"
 
 #include <moxaudiotoolkit/peaks/PeakPyramid.h>
 
@@ -21,44 +22,17 @@ using moxui::ColorRGBA;
 constexpr char const* kColorWithoutSound = "control";
 
 // Makes properties over the settings of one session.
-class Maker {
+class Maker : public PropertyMaker<WaveformSettings> {
  public:
-  Maker(AudioSession& session, ThemeChoice theme) : mSession(session), mTheme(theme) {}
+  Maker(AudioSession& session, ThemeChoice theme)
+      : PropertyMaker([&session]() -> WaveformSettings const& { return session.Settings(); },
+                      [&session](std::function<void(WaveformSettings&)> const& change) {
+                        session.ChangeSettings(change);
+                      }),
+        mSession(session),
+        mTheme(theme) {}
 
-  Property Toggle(std::string id, std::string label, bool WaveformSettings::*field) const {
-    return {std::move(id), std::move(label),
-            ToggleProperty{.get = [&session = mSession, field] { return session.Settings().*field; },
-                           .set =
-                               [&session = mSession, field](bool on) {
-                                 session.ChangeSettings(
-                                     [field, on](WaveformSettings& settings) { settings.*field = on; });
-                               }}};
-  }
-
-  // A field that holds one of `values`, which go with `items`.
-  template <class T>
-  Property Choice(std::string id, std::string label, T WaveformSettings::*field, std::vector<T> values,
-                  // NOLINTNEXTLINE(performance-unnecessary-value-param): kept by the row
-                  std::vector<std::string> items) const {
-    return {std::move(id), std::move(label),
-            ChoiceProperty{.items = std::move(items),
-                           .get =
-                               [&session = mSession, field, values] {
-                                 auto const found =
-                                     std::find(values.begin(), values.end(), session.Settings().*field);
-                                 return found == values.end() ? -1 : static_cast<int>(found - values.begin());
-                               },
-                           .set =
-                               [&session = mSession, field, values](int item) {
-                                 if (item >= 0 && item < static_cast<int>(values.size())) {
-                                   T const value = values[static_cast<std::size_t>(item)];
-                                   session.ChangeSettings([field, value](WaveformSettings& settings) {
-                                     settings.*field = value;
-                                   });
-                                 }
-                               }}};
-  }
-
+  using PropertyMaker::Number;
   Property Number(std::string id, std::string label, double low, double high, double step,
                   // NOLINTNEXTLINE(performance-unnecessary-value-param): kept by the row
                   double WaveformSettings::*field, int decimals, std::string unit) const {
@@ -66,13 +40,9 @@ class Maker {
     number.low = low;
     number.high = high;
     number.step = step;
-    number.get = [&session = mSession, field] { return session.Settings().*field; };
-    number.set = [&session = mSession, field](double value) {
-      session.ChangeSettings([field, value](WaveformSettings& settings) { settings.*field = value; });
-    };
     number.format = [decimals, unit](double value) { return TextFromNumber(value, decimals) + unit; };
     number.parse = [unit](std::string const& text) { return NumberFromText(WithoutUnit(text, unit)); };
-    return {std::move(id), std::move(label), std::move(number)};
+    return Number(std::move(id), std::move(label), field, std::move(number));
   }
 
   // The zoom goes by powers of two along its slider.

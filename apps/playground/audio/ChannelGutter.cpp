@@ -3,10 +3,10 @@
 #include "audio/AudioSession.h"
 #include "audio/ChannelNames.h"
 #include "audio/LevelGrid.h"
-#include "properties/NamedColors.h"
 #include "program/AppearanceState.h"
 #include "program/HexColor.h"
 #include "program/Localized.h"
+#include "properties/NamedColors.h"
 #include "shell/Painting.h"
 
 #include <moxui/scriber/Drawing.h>

@@ -24,6 +24,7 @@ Transport::Transport(AudioSession& session, std::unique_ptr<AudioOutput> output)
 Transport::~Transport() = default;
 
 void Transport::UseOutput(std::unique_ptr<AudioOutput> output) {
+  mScrubbed.reset();
   mPlayer = std::make_unique<Player>(std::move(output));
   mDocumentSource.reset();
   SetState(State::kStopped);
@@ -40,6 +41,8 @@ void Transport::SetListener(void const* owner, std::function<void()> listener) {
 void Transport::RemoveListener(void const* owner) {
   if (owner == mListenerOwner) {
     SetListener(nullptr, {});
+    EndHearing();
+    mSpeedAfterScrub.reset();
     mPlayer->Close();
     mState = State::kStopped;
   }
@@ -62,8 +65,10 @@ double Transport::Speed() const {
 }
 
 double Transport::Position() const {
-  SampleSelection const& selection = mSession.Selection();
-  return IsActive() ? mPlayer->Position() : static_cast<double>(selection.Left());
+  if (!IsActive()) {
+    return static_cast<double>(mSession.Selection().Left());
+  }
+  return mScrubbed ? static_cast<double>(*mScrubbed) : mPlayer->Position();
 }
 
 std::string Transport::TroubleText() const {
@@ -85,6 +90,7 @@ std::string Transport::TroubleText() const {
 
 void Transport::Begin(double speed) {
   TakeDocument();
+  EndHearing();
   if (!mPlayer->HasSource() || mSession.Current().Frames() < 1) {
     return;
   }
@@ -117,6 +123,8 @@ void Transport::PlayOrPause() {
 }
 
 void Transport::Stop() {
+  EndHearing();
+  mSpeedAfterScrub.reset();
   if (IsActive()) {
     mPlayer->Pause();
     SetState(State::kStopped);
@@ -185,13 +193,77 @@ void Transport::HoldStill(bool held) {
 
 void Transport::MoveTo(double sample) {
   if (IsActive()) {
-    auto const frames = static_cast<double>(mSession.Current().Frames());
-    mPlayer->MoveTo(static_cast<std::int64_t>(std::clamp(std::round(sample), 0.0, frames)));
+    EndHearing();
+    mPlayer->MoveTo(Within(sample));
     Tell();
   }
 }
 
+void Transport::GoTo(double sample) {
+  if (IsActive()) {
+    MoveTo(sample);
+  } else if (mSession.HasSound()) {
+    PutCursor(Within(sample));
+  }
+}
+
+// The sample nearest to a place, within the sound.
+std::int64_t Transport::Within(double sample) const {
+  auto const frames = static_cast<double>(mSession.Current().Frames());
+  return static_cast<std::int64_t>(std::clamp(std::round(sample), 0.0, frames));
+}
+
+void Transport::ScrubTo(double sample) {
+  if (IsPlaying()) {
+    mSpeedAfterScrub = mPlayer->Speed();
+    Pause();
+  }
+  if (!mSession.HasSound()) {
+    return;
+  }
+  if (!IsActive()) {
+    PutCursor(Within(sample));
+  }
+  HearAt(Within(sample));
+}
+
+void Transport::EndScrub() {
+  if (auto const speed = std::exchange(mSpeedAfterScrub, std::nullopt)) {
+    Begin(*speed);
+  }
+}
+
+// One moment takes the place of another without a pause of the device.
+void Transport::HearAt(std::int64_t sample) {
+  TakeDocument();
+  std::int64_t const frames = mSession.Current().Frames();
+  if (mPlayer->HasSource() && sample < frames) {
+    auto const moment = static_cast<std::int64_t>(kScrubSeconds * mSession.Current().SampleRate());
+    mPlayer->SetEnabledChannels(mSession.Settings().enabledChannels);
+    mScrubbed = sample;
+    mPlayer->PlayPiece({sample, std::min(sample + std::max<std::int64_t>(moment, 1), frames)});
+  } else {
+    EndHearing();
+    mPlayer->MoveTo(sample);
+  }
+  Tell();
+}
+
+void Transport::EndHearing() {
+  if (auto const sample = std::exchange(mScrubbed, std::nullopt)) {
+    mPlayer->Pause();
+    mPlayer->MoveTo(*sample);
+    TakeLoop();
+  }
+}
+
 void Transport::Tick() {
+  if (mScrubbed && mPlayer->Update()) {
+    if (!mPlayer->IsPlaying()) {
+      EndHearing();
+    }
+    Tell();
+  }
   if (!IsPlaying() || !mPlayer->Update()) {
     return;
   }
@@ -225,6 +297,8 @@ void Transport::TakeDocument() {
     return;
   }
   mDocumentSource = source;
+  mScrubbed.reset();
+  mSpeedAfterScrub.reset();
   mPlayer->SetSource(PlaybackSource(mSession.Current()));
   mSelection = mSession.Selection();
   SetState(State::kStopped);
@@ -243,6 +317,9 @@ void Transport::TakeSelection() {
 }
 
 void Transport::TakeLoop() {
+  if (mScrubbed) {
+    return;  // a moment goes round nothing
+  }
   if (!mLoops) {
     mPlayer->SetLoop(std::nullopt);
     return;

@@ -64,9 +64,18 @@ class Transport {
   void HoldStill(bool held);
   // Moves the playhead, playing or paused.
   void MoveTo(double sample);
+  // Moves the playhead, or, where there is none, the cursor.
+  void GoTo(double sample);
+  // The same under a hand that scrubs: the sound from there on is heard for a moment, while the playhead
+  // stands. What was playing goes on after EndScrub.
+  void ScrubTo(double sample);
+  void EndScrub();
+  // How long a moment is, in seconds.
+  static constexpr double kScrubSeconds = 0.08;
 
-  // Looks what has become of it; to be called for each frame of the picture while it plays.
+  // Looks what has become of it; to be called for each frame of the picture while something is heard.
   void Tick();
+  bool NeedsTicks() const { return IsPlaying() || mScrubbed; }
   // Returns once what is played next has been read; false if that failed. For whoever has no time to lose.
   bool WaitUntilRead();
   // The session has changed so.
@@ -79,6 +88,9 @@ class Transport {
   void Begin(double speed);
   void Pause();
   void PutCursor(std::int64_t sample);
+  std::int64_t Within(double sample) const;
+  void HearAt(std::int64_t sample);
+  void EndHearing();
   void TakeDocument();
   void TakeSelection();
   void TakeLoop();
@@ -92,7 +104,9 @@ class Transport {
   State mState = State::kStopped;
   bool mLoops = false;
   bool mStillIsHeld = false;
-  bool mCreeps = false;  // a shuttle key is down while playback is held still
+  bool mCreeps = false;                   // a shuttle key is down while playback is held still
+  std::optional<std::int64_t> mScrubbed;  // what is heard for a moment is from here
+  std::optional<double> mSpeedAfterScrub;
   void const* mListenerOwner = nullptr;
   std::function<void()> mListener;
 };

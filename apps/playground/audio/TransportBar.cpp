@@ -7,6 +7,7 @@
 #include "shell/Listening.h"
 #include "shell/Named.h"
 #include "shell/Painting.h"
+#include "timecode/FieldHeight.h"
 
 #include <moxcore/threads/HighPrecisionTime.h>
 
@@ -29,6 +30,7 @@ constexpr float kButtonWidth = 28.0f;
 constexpr float kButtonGap = 4.0f;
 constexpr float kGroupWidth = 5.0f * kButtonWidth + 4.0f * kButtonGap;
 constexpr float kTimeWidth = 96.0f;
+constexpr float kPositionWidth = 96.0f;
 constexpr int kToolTipDelay = 400;
 
 std::int64_t Now() {
@@ -83,7 +85,9 @@ TransportBar::TransportBar(AudioSession& session, Transport& transport)
   mStatus = MakeIntrusive<UI_StaticText>();
   mStatus->SetAlignment(Leading());
   mStatus->SetTextTruncation(moxui::controls::TextTruncation::kEnd);
+  mPosition = MakeIntrusive<PlayheadField>(mSession, mTransport);
   ChildPushBack(mTime);
+  ChildPushBack(mPosition);
   ChildPushBack(mStatus);
 
   mToStart->Show(TransportIcon::kToStart, Text("$$$/playground/transport/toStart=To start"),
@@ -125,7 +129,7 @@ UI_PictureButton& TransportBar::Loop() const {
 
 void TransportBar::UI_NodeChanged(moxui::ui::NodeChange change) {
   UI_SubView::UI_NodeChanged(change);
-  if (change == moxui::ui::NodeChange::kAttached && mTransport.IsPlaying()) {
+  if (change == moxui::ui::NodeChange::kAttached && mTransport.NeedsTicks()) {
     UI_InstallTimer(kFramePeriod, kFrameTimer);
   }
 }
@@ -146,6 +150,7 @@ void TransportBar::SessionChanged(SessionChanges changes) {
   }
   if (changes.HasAny(SessionChange::kDocument | SessionChange::kPeaks)) {
     ShowButtons();
+    mPosition->TakeDocument();
   }
   ShowPosition();
 }
@@ -155,6 +160,11 @@ void TransportBar::TransportChanged() {
     mWasPlaying = mTransport.IsPlaying();
     if (mWasPlaying) {
       mFollow.Begin();
+    }
+  }
+  if (mTransport.NeedsTicks() != mTicks) {
+    mTicks = mTransport.NeedsTicks();
+    if (mTicks) {
       UI_InstallTimer(kFramePeriod, kFrameTimer);
     } else {
       UI_RemoveTimer(kFrameTimer);
@@ -187,6 +197,7 @@ void TransportBar::ShowButtons() {
   for (Button* const button : {mToStart.Get(), mPlay.Get(), mToEnd.Get(), mLoop.Get()}) {
     button->UI_SetEnabled(hasSound);
   }
+  mPosition->UI_SetEnabled(hasSound);
   mStop->UI_SetEnabled(mTransport.IsActive());
   std::string const status = StatusText();
   mStatus->SetValue(To16(status));
@@ -197,6 +208,7 @@ void TransportBar::ShowPosition() {
   int const rate = mSession.Current().SampleRate();
   double const position = mTransport.Position();
   mTime->SetValue(rate > 0 ? To16(playground::TimeText(position / rate, 0.001)) : moxcore::Utf16String());
+  mPosition->ShowPosition();
   if (mTransport.IsPlaying() && !mIsFollowing) {
     FollowPlayhead(position);
   }
@@ -232,7 +244,11 @@ void TransportBar::LayOut() {
   }
   float const time = kGroupWidth + kGroupGap;
   place(*mTime, time, kTimeWidth);
-  float const status = time + kTimeWidth + kGroupGap;
+  float const position = time + kTimeWidth + kGroupGap;
+  mPosition->UI_SetLocalRectF(Placed({position, std::floor((own.height - kTimecodeFieldHeight) / 2.0f),
+                                      kPositionWidth, kTimecodeFieldHeight},
+                                     own.width));
+  float const status = position + kPositionWidth + kGroupGap;
   place(*mStatus, status, own.width - status);
 }
 

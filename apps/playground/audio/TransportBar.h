@@ -3,6 +3,7 @@
 #include "audio/AudioSession.h"
 #include "audio/PlayFollow.h"
 #include "audio/Playhead.h"
+#include "audio/PlayheadField.h"
 #include "audio/Transport.h"
 
 #include <moxui/controls/UI_PictureButton.h>
@@ -14,8 +15,9 @@
 
 namespace playground {
 
-// Buttons for playback below a waveform, with the time of the playhead and what there is to tell. While it
-// plays, it has the playhead moved for each frame of the picture, and the view follow it.
+// Buttons for playback below a waveform, with the time of the playhead, a field that moves it and what there
+// is to tell. While it plays, it has the playhead moved for each frame of the picture, and the view follow
+// it.
 class TransportBar : public moxui::ui::UI_SubView {
  public:
   TransportBar(AudioSession& session, Transport& transport);
@@ -31,6 +33,7 @@ class TransportBar : public moxui::ui::UI_SubView {
   moxui::controls::UI_PictureButton& Stop() const;
   moxui::controls::UI_PictureButton& ToEnd() const;
   moxui::controls::UI_PictureButton& Loop() const;
+  PlayheadField& Position() const { return *mPosition; }
   moxcore::Utf16String const& TimeText() const { return mTime->GetValue(); }
   // Speed or trouble; empty when there is nothing to tell.
   std::string StatusText() const;
@@ -53,6 +56,7 @@ class TransportBar : public moxui::ui::UI_SubView {
   PlayFollow mFollow;
   bool mIsFollowing = false;  // the view is being changed from here
   bool mWasPlaying = false;
+  bool mTicks = false;
   moxcore::utility::IntrusivePtr<Playhead> mLine;
   moxcore::utility::IntrusivePtr<Button> mToStart;
   moxcore::utility::IntrusivePtr<Button> mPlay;
@@ -60,6 +64,7 @@ class TransportBar : public moxui::ui::UI_SubView {
   moxcore::utility::IntrusivePtr<Button> mToEnd;
   moxcore::utility::IntrusivePtr<Button> mLoop;
   moxcore::utility::IntrusivePtr<moxui::controls::UI_StaticText> mTime;
+  moxcore::utility::IntrusivePtr<PlayheadField> mPosition;
   moxcore::utility::IntrusivePtr<moxui::controls::UI_StaticText> mStatus;
 };
 

@@ -48,6 +48,7 @@ struct WaveformSettings {
   bool sampleDots = true;
   DetailChoice detail = DetailChoice::kAutomatic;
   RulerUnit rulerUnit = RulerUnit::kTime;
+  bool playheadInMilliseconds = false;  // its field; else in samples
 
   bool centerlines = true;
   bool dividers = true;

@@ -198,14 +198,26 @@ void Player::SetLoop(std::optional<FrameRange> loop) {
   }
 }
 
-void Player::MoveTo(std::int64_t frame) {
-  mWalk.SetStop(std::nullopt);
+void Player::MoveTo(std::int64_t frame, std::optional<std::int64_t> stop) {
+  mWalk.SetStop(stop);
   mWalk.MoveTo(static_cast<double>(frame));
   mSilentSince = Now();
   if (mEngine) {
     mMoves = mEngine->renderer.Move(mWalk);
     mEngine->reader->Wake();
   }
+}
+
+void Player::PlayPiece(FrameRange piece) {
+  SetLoop(std::nullopt);
+  if (!mIsPlaying) {
+    MoveTo(piece.begin);
+    Play(1.0, piece.end);
+    return;
+  }
+  mSpeed = 1.0;
+  mWalk.SetStep(StepOf(mSpeed));
+  MoveTo(piece.begin, piece.end);
 }
 
 void Player::StopOutput() {

@@ -49,8 +49,10 @@ class Player {
   void Play(double speed = 1.0, std::optional<std::int64_t> stop = std::nullopt);
   // Stands at the frame that is being heard.
   void Pause();
-  // Goes on from another frame, playing or not; a stop is forgotten.
-  void MoveTo(std::int64_t frame);
+  // Goes on from another frame, playing or not; an earlier stop is forgotten.
+  void MoveTo(std::int64_t frame, std::optional<std::int64_t> stop = std::nullopt);
+  // Plays these frames once, at the speed of the recording, whatever is playing; the loop is forgotten.
+  void PlayPiece(FrameRange piece);
   bool IsPlaying() const { return mIsPlaying; }
   double Speed() const { return mSpeed; }
   // Playback goes on without being heard.

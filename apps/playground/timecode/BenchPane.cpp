@@ -6,6 +6,7 @@
 #include "shell/Painting.h"
 #include "timecode/BenchProperties.h"
 #include "timecode/CountedField.h"
+#include "timecode/FieldHeight.h"
 #include "timecode/RadialDial.h"
 #include "timecode/StationEar.h"
 #include "timecode/StationMessages.h"

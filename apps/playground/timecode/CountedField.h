@@ -4,9 +4,6 @@
 
 namespace playground {
 
-// At this height the text of a field, which stands 7 above its bottom, is in its middle, in both looks.
-inline constexpr float kTimecodeFieldHeight = 24.0f;
-
 // A timecode field whose owner says where counts of frames and feet begin.
 class CountedField : public moxmediaui::UI_HotTimecodeControl {
  public:

@@ -2,8 +2,9 @@
 
 #include "program/Localized.h"
 #include "shell/Painting.h"
-#include "timecode/CountedField.h"
+#include "timecode/FieldHeight.h"
 
+#include <moxmediaui/HotTimecodeControl.h>
 #include <moxui/scriber/Drawing.h>
 
 #include <algorithm>

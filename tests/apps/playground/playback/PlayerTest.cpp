@@ -183,6 +183,28 @@ TEST_F(PlayerTest, StopsWhereItIsTold) {
   EXPECT_EQ(player.Position(), 350.0);
 }
 
+TEST_F(PlayerTest, PlaysPiecesOneInPlaceOfTheOther) {
+  Open(20000);
+  player.SetLoop(FrameRange{0, 10});
+  player.PlayPiece({5000, 5040});
+  EXPECT_EQ(Heard(30), From(5000, 30));
+  player.PlayPiece({9000, 9020});
+  EXPECT_EQ(Heard(30), Joined({From(9000, 20), Frames(10, kSilence)})) << "round no loop";
+  player.PlayPiece({100, 120});
+  EXPECT_EQ(Heard(10), From(100, 10)) << "after one that has come to its end";
+  EXPECT_TRUE(player.IsPlaying());
+}
+
+TEST_F(PlayerTest, PlaysAPieceAtTheSpeedOfTheRecordingWhateverWasPlaying) {
+  Open(20000);
+  player.MoveTo(10000);
+  player.Play(-2.0);
+  Heard(10);
+  player.PlayPiece({300, 310});
+  EXPECT_EQ(Heard(12), Joined({From(300, 10), Frames(2, kSilence)}));
+  EXPECT_EQ(player.Speed(), 1.0);
+}
+
 TEST_F(PlayerTest, EndsWhenTheEndHasBeenHeard) {
   device.latency = 0.010;
   Open(480);

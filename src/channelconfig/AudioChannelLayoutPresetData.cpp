@@ -23,11 +23,9 @@ AudioChannelLayoutPresetData JSONConvert<AudioChannelLayoutPresetData>::FromJSON
     data.channelLayout.emplace_back(
         moxmediaui::channelconfig::LowBits(GetRequiredInObject(*channel, kLabel)));
   }
-#ifndef MOX_SEEDED_BUG
   if (data.channelLayout.empty()) {
     throw std::invalid_argument("invalid audiochannellayout");
   }
-#endif
   return data;
 }
 

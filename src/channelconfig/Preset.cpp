@@ -124,7 +124,12 @@ std::any WriteRecord(PresetRecord const& record) {
   AddToObject(object, "Type", record.type.AsUTF8String(), false);
   AddToObject(object, "Guid", record.guid.AsUTF8String(), false);
   AddToObject(object, "Name", record.name, false);
-  if (record.flags != 0) {
+#ifdef MOX_SEEDED_BUG
+  bool const hasFlags = record.flags > 1;
+#else
+  bool const hasFlags = record.flags != 0;
+#endif
+  if (hasFlags) {
     AddToObject(object, "Flags", std::uint64_t{record.flags}, false);
   }
   if (record.sortOrder != 0) {

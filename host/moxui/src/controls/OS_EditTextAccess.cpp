@@ -2,9 +2,6 @@
 #include <moxcore/string/Encoding.h>
 #include <moxui/controls/OS_EditText.h>
 #include <moxui/controls/UI_ControlView.h>
-#include <moxui/scriber/FontInterface.h>
-
-#include <algorithm>
 
 namespace moxui::controls {
 
@@ -32,17 +29,8 @@ ui::AccessibleState OS_EditText::UI_GetAccessibleState() const {
   ui::AccessibleState state = UI_Node::UI_GetAccessibleState();
   state.isEditable = !mIsReadOnly;
   state.isReadOnly = mIsReadOnly;
+  state.isMultiLine = mIsMultiLine;
   return state;
-}
-
-RectT<float> OS_EditText::GetCharacterRect(std::size_t position) const {
-  scriber::FontP const font = Font();
-  RectT<float> const line = GetCaretRect();
-  if (!font || position >= mText.size()) {
-    return line;
-  }
-  float const begin = Advance(*font, position);
-  return {TextLeft(*font) + begin, line.top, Advance(*font, position + 1) - begin, line.height};
 }
 
 bool OS_EditText::ReplaceText(platform::TextSelection stretch, moxcore::Utf16String const& text) {

@@ -1,17 +1,18 @@
-// How edited text is worked: focus, caret, pointer, keys, menu.
-#include "PressCapture.h"
+// How edited text is worked by keys: focus, caret, lines, input methods, menu.
+#include "OS_EditTextLayout.h"
 
 #include <moxcore/config/Localizer.h>
-#include <moxui/controls/OS_EditText.h>
 #include <moxui/platform/Application.h>
 #include <moxui/platform/CursorControl.h>
 #include <moxui/ui/KeyboardEvent.h>
-#include <moxui/ui/MouseEvent.h>
+#include <moxui/ui/NodeTree.h>
+#include <moxui/ui/NodeTreeHost.h>
 #include <moxui/ui/OS_Menu.h>
-#include <moxui/ui/UI_NodeManager.h>
 
 #include <algorithm>
 #include <array>
+#include <cmath>
+#include <utility>
 
 namespace moxui::controls {
 namespace {
@@ -24,22 +25,25 @@ constexpr float kBlinkPeriod = 530.0f;  // milliseconds
 struct MenuLine {
   EditCommand command;
   char const* text;
-  bool changes;  // of no use in a text that can't be changed
-  bool needsSelection;
 };
 
 constexpr std::array kMenu = {
-    MenuLine{EditCommand::kUndo, "$$$/moxui/EditText/Undo=Undo", true, false},
-    MenuLine{EditCommand::kRedo, "$$$/moxui/EditText/Redo=Redo", true, false},
-    MenuLine{EditCommand::kCut, "$$$/moxui/EditText/Cut=Cut", true, true},
-    MenuLine{EditCommand::kCopy, "$$$/moxui/EditText/Copy=Copy", false, true},
-    MenuLine{EditCommand::kPaste, "$$$/moxui/EditText/Paste=Paste", true, false},
-    MenuLine{EditCommand::kDelete, "$$$/moxui/EditText/Delete=Delete", true, true},
-    MenuLine{EditCommand::kSelectAll, "$$$/moxui/EditText/SelectAll=Select All", false, false},
+    MenuLine{EditCommand::kUndo, "$$$/moxui/EditText/Undo=Undo"},
+    MenuLine{EditCommand::kRedo, "$$$/moxui/EditText/Redo=Redo"},
+    MenuLine{EditCommand::kCut, "$$$/moxui/EditText/Cut=Cut"},
+    MenuLine{EditCommand::kCopy, "$$$/moxui/EditText/Copy=Copy"},
+    MenuLine{EditCommand::kPaste, "$$$/moxui/EditText/Paste=Paste"},
+    MenuLine{EditCommand::kDelete, "$$$/moxui/EditText/Delete=Delete"},
+    MenuLine{EditCommand::kSelectAll, "$$$/moxui/EditText/SelectAll=Select All"},
 };
 
 bool StartsGroup(EditCommand command) {
   return command == EditCommand::kCut || command == EditCommand::kSelectAll;
+}
+
+bool IsMenuKey(ui::KeyboardEvent const& event) {
+  return event.CompareShortcut(ui::KeyboardCode::kContextMenu, {}) ||
+         event.CompareShortcut(ui::KeyboardCode::kF10, ui::ModKey::kShift);
 }
 
 }  // namespace
@@ -54,9 +58,10 @@ void OS_EditText::UI_FocusChanged(ui::FocusChangeReason reason) {
     }
     RestartBlinking();
   } else {
+    IntrusivePtr<OS_EditText> const self(this);
     UI_RemoveTimer(mBlinkTimer);
-    mComposition.clear();
-    mScroll = 0.0f;
+    FinishComposition();
+    mScroll.x = 0.0f;
   }
   UI_Invalidate();
 }
@@ -69,6 +74,10 @@ void OS_EditText::RestartBlinking() {
 }
 
 bool OS_EditText::UI_DoTimerNotify(int id) {
+  if (id == mDragTimer) {
+    ExtendTo(mDragPoint);
+    return true;
+  }
   if (id != mBlinkTimer) {
     return UI_Node::UI_DoTimerNotify(id);
   }
@@ -77,87 +86,131 @@ bool OS_EditText::UI_DoTimerNotify(int id) {
   return true;
 }
 
-bool OS_EditText::UI_DoKeyboardEvent(ui::UI_Node* node, ui::KeyboardEvent const& event) {
-  if (UI_IsDisabled() || !event.IsAction(ui::KeyAction::kKeyDown)) {
-    return UI_Node::UI_DoKeyboardEvent(node, event);
-  }
+// Keys
+
+bool OS_EditText::LeavesToOthers(ui::KeyboardEvent const& event) const {
   switch (event.GetCode()) {
     case ui::KeyboardCode::kReturn:
+      return !mIsMultiLine || event.GetModKey().Has(ui::ModKey::kCommand);
     case ui::KeyboardCode::kEnter:
     case ui::KeyboardCode::kEscape:
     case ui::KeyboardCode::kTab:
-      return UI_Node::UI_DoKeyboardEvent(node, event);
+      return true;
     default:
-      break;
+      return false;
+  }
+}
+
+bool OS_EditText::UI_DoKeyboardEvent(ui::UI_Node* node, ui::KeyboardEvent const& event) {
+  if (UI_IsDisabled() || !event.IsAction(ui::KeyAction::kKeyDown) || LeavesToOthers(event)) {
+    return UI_Node::UI_DoKeyboardEvent(node, event);
   }
   IntrusivePtr<OS_EditText> const self(this);
+  if (IsMenuKey(event)) {
+    RectT<float> const caret = GetCaretRect();
+    ShowEditMenu({caret.left, caret.Bottom()});
+    return true;
+  }
+  if (MoveByLines(event)) {
+    return true;
+  }
   platform::TextEditor* const editor = Editor();
   return (editor != nullptr && editor->HandleKey(event)) || UI_Node::UI_DoKeyboardEvent(node, event);
 }
+
+// The platform's editor doesn't know how the lines are wrapped.
+bool OS_EditText::MoveByLines(ui::KeyboardEvent const& event) {
+  ui::ModKeys const mods = event.GetModKey();
+  bool const extends = mods == ui::ModKeys(ui::ModKey::kShift);
+  Laid const* const laid = mIsMultiLine && (mods.IsEmpty() || extends) ? Layout() : nullptr;
+  if (laid == nullptr) {
+    return false;
+  }
+  platform::TextSelection const before = GetSelection();
+  std::size_t const here = laid->LineOf(before.caret);
+  auto const last = static_cast<std::ptrdiff_t>(laid->layout->GetLines().size()) - 1;
+  float const height = UI_GetLocalRectF(ui::RectSpace::kOwn).height;
+  auto const page =
+      std::max<std::ptrdiff_t>(static_cast<std::ptrdiff_t>(height / laid->Line(0).height) - 1, 1);
+  std::ptrdiff_t lines = 0;
+  std::size_t place = before.caret;
+  switch (event.GetCode()) {
+    case ui::KeyboardCode::kUp:
+      lines = -1;
+      break;
+    case ui::KeyboardCode::kDown:
+      lines = 1;
+      break;
+    case ui::KeyboardCode::kPageUp:
+      lines = -page;
+      break;
+    case ui::KeyboardCode::kPageDown:
+      lines = page;
+      break;
+    case ui::KeyboardCode::kHome:
+      place = laid->Line(here).begin;
+      break;
+    case ui::KeyboardCode::kEnd:
+      place = laid->LastPlaceIn(here);
+      break;
+    default:
+      return false;
+  }
+  std::optional<float> goal;
+  if (lines != 0) {
+    goal = mGoal.value_or(laid->layout->GetCaretX(here, before.caret));
+    std::ptrdiff_t const wanted = static_cast<std::ptrdiff_t>(here) + lines;
+    auto const line = static_cast<std::size_t>(std::clamp<std::ptrdiff_t>(wanted, 0, last));
+    place = std::min(laid->layout->GetPositionAt(line, *goal), laid->LastPlaceIn(line));
+    // Beyond the first and the last line lie the begin and the end.
+    if (wanted < 0) {
+      place = 0;
+    } else if (wanted > last) {
+      place = mText.size();
+    }
+  }
+  SetSelection({.anchor = extends ? before.anchor : place, .caret = place});
+  mGoal = goal;
+  RestartBlinking();
+  return true;
+}
+
+// Input methods
 
 bool OS_EditText::UI_DoComposition(moxcore::Utf16String const& text, std::size_t caret) {
   if (mIsReadOnly || UI_IsDisabled()) {
     return false;
   }
-  mComposition = text;
-  mCompositionCaret = std::min(caret, text.size());
+  mComposition = platform::FitText(text, mIsMultiLine, 0);
+  mCompositionCaret = std::min(caret, mComposition.size());
   KeepCaretInSight();
   RestartBlinking();
   UI_Invalidate();
   return true;
 }
 
-bool OS_EditText::UI_DoMouseEvent(ui::UI_Node* node, ui::MouseEvent const& event) {
-  if (node != this || UI_IsDisabled() || !event.IsAction(ui::PointerAction::kPress)) {
-    return UI_Node::UI_DoMouseEvent(node, event);
+// Whoever goes on elsewhere keeps what was composed so far.
+void OS_EditText::FinishComposition() {
+  if (mComposition.empty()) {
+    return;
   }
-  IntrusivePtr<OS_EditText> const self(this);
-  if (!UI_HasKeyboardFocus()) {
-    UI_GainKeyboardFocus(ui::FocusChangeReason::kPointer);
+  moxcore::Utf16String const composed = std::exchange(mComposition, {});
+  if (ui::NodeTree* const tree = UI_GetTree()) {
+    tree->GetHost().ResetTextInput();
   }
-  if (event.IsRightButtonSingleDown()) {
-    ShowEditMenu(event.GetPosition());
-    return true;
+  if (auto* const editor = Editor()) {
+    editor->InsertText(composed);
   }
-  if (!event.IsButton(ui::MouseButton::kLeft)) {
-    return UI_Node::UI_DoMouseEvent(node, event);
-  }
-  Press(event);
-  return true;
 }
 
-// One click places the caret (with Shift it moves the selection's end), two choose the word, three all.
-void OS_EditText::Press(ui::MouseEvent const& event) {
-  platform::TextEditor* const editor = Editor();
+// Menu
+
+void OS_EditText::ShowEditMenu(PointT<float> point) {
+  platform::TextEditor const* const editor = Editor();
   if (editor == nullptr) {
     return;
   }
-  std::size_t const position = GetPositionAt(event.GetPosition());
-  if (event.GetClickCount() >= 3) {
-    SelectAll();
-    return;
-  }
-  if (event.GetClickCount() == 2) {
-    SetSelection(editor->GetWordAt(position));
-    return;
-  }
-  bool const extends = event.GetModKey().Has(ui::ModKey::kShift);
-  std::size_t const anchor = extends ? GetSelection().anchor : position;
-  SetSelection({.anchor = anchor, .caret = position});
-  RestartBlinking();
-  PressCapture::Start(
-      this, event,
-      [this, anchor](ui::MouseEvent const& next) {
-        if (next.IsAction(ui::PointerAction::kMove)) {
-          SetSelection({.anchor = anchor, .caret = GetPositionAt(next.GetPosition())});
-        }
-      },
-      [] {});
-}
-
-void OS_EditText::ShowEditMenu(PointT<float> point) {
   IntrusivePtr<ui::OS_Menu> const menu = ui::CreateOSMenu();
-  bool const hasSelection = !GetSelection().IsEmpty();
   for (std::size_t i = 0; i < kMenu.size(); ++i) {
     MenuLine const& line = kMenu[i];
     int const id = static_cast<int>(i) + 1;
@@ -165,7 +218,7 @@ void OS_EditText::ShowEditMenu(PointT<float> point) {
       menu->AddSeparator();
     }
     menu->AddItem(id, moxcore::config::Localizer::Get().GetUTF16String(line.text));
-    menu->EnableItem(id, !(line.changes && mIsReadOnly) && !(line.needsSelection && !hasSelection));
+    menu->EnableItem(id, editor->CanPerform(line.command));
   }
   int const chosen = UI_DoContextMenu(menu.Get(), this, point);
   if (chosen > 0 && static_cast<std::size_t>(chosen) <= kMenu.size()) {

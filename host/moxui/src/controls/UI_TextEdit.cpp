@@ -1,7 +1,9 @@
 #include "../skins/BoxPainting.h"
 #include "ControlPainting.h"
 
+#include <moxcore/messaging/BindMessageFunction.h>
 #include <moxcore/string/Encoding.h>
+#include <moxui/controls/UI_ScrollBar.h>
 #include <moxui/controls/UI_TextEdit.h>
 #include <moxui/skins/LayoutDirection.h>
 #include <moxui/ui/KeyboardEvent.h>
@@ -16,26 +18,30 @@ using moxcore::utility::IntrusivePtr;
 
 constexpr float kRecommendedWidth = 120.0f;
 constexpr float kFrame = 1.0f;
+constexpr float kAboveLines = 3.0f;  // from the frame to the first of several lines
+constexpr float kRecommendedLines = 3.0f;
 
 }  // namespace
 
 UI_TextEdit::UI_TextEdit() : mEdit(moxcore::utility::MakeIntrusive<OS_EditText>()) {
   SetWantsKeyboardFocus(true);
   mEdit->SetEditedFunction([this] { TextEdited(); });
+  mEdit->SetScrolledFunction([this] { EditScrolled(); });
   ChildPushBack(mEdit);
 }
 
 UI_TextEdit::~UI_TextEdit() {
   mEdit->SetEditedFunction({});
+  mEdit->SetScrolledFunction({});
 }
 
 moxcore::Utf16String UI_TextEdit::GetValue() const {
   return mEdit->GetText();
 }
 
-void UI_TextEdit::SetValue(moxcore::Utf16String text, bool notify) {
+void UI_TextEdit::SetValue(moxcore::Utf16String const& text, bool notify) {
   SetValueKnown();
-  mEdit->SetText(std::move(text));
+  mEdit->SetText(text);
   // What code has set is no edit that a loss of the focus would have to commit.
   mTextAtBegin = GetValue();
   mWasUnknownAtBegin = false;
@@ -80,18 +86,77 @@ void UI_TextEdit::SetDrawFrame(bool draws) {
   }
 }
 
+void UI_TextEdit::SetMultiLine(bool multiLine) {
+  if (multiLine == IsMultiLine()) {
+    return;
+  }
+  if (multiLine) {
+    mScrollBar = moxcore::utility::MakeIntrusive<UI_ScrollBar>(Orientation::kVertical);
+    mScrollBar->NotifyWhenChangedInteractively(
+        moxcore::messaging::BindMessageFunction(this, &UI_TextEdit::BarMoved));
+    mScrollBar->UI_Hide();
+    ChildPushBack(mScrollBar);
+  } else {
+    ChildRemove(mScrollBar.Get());
+    mScrollBar.Reset();
+  }
+  mEdit->SetMultiLine(multiLine);
+  PlaceEdit();
+  UI_Invalidate();
+}
+
 // The text without a frame begins at the very edge, as a text that isn't edited does.
 void UI_TextEdit::PlaceEdit() {
+  if (std::exchange(mIsPlacing, true)) {
+    return;
+  }
   RectT<float> const rect = UI_GetLocalRectF(ui::RectSpace::kOwn);
   float const inset = mDrawFrame ? UI_GetCurrentSkinSet().GetNumber(skins::SkinNumber::kTextInset) : 0.0f;
-  float const frame = mDrawFrame ? kFrame : 0.0f;
-  mEdit->UI_SetLocalRectF(rect.Grown({-inset, -frame, -inset, -frame}));
+  float const frame = mDrawFrame ? kFrame + (IsMultiLine() ? kAboveLines : 0.0f) : 0.0f;
+  RectT<float> text = rect.Grown({-inset, -frame, -inset, -frame});
   mEdit->SetAlignment(mAlignment.value_or(skins::GetLeadingAlignment()));
+  if (mScrollBar && mScrollBar->UI_IsShown()) {
+    float const bar = UI_ScrollBar::GetThickness();
+    text.width -= bar;
+    text.left += skins::IsRightToLeft() ? bar : 0.0f;
+  }
+  mEdit->UI_SetLocalRectF(text);
+  PlaceScrollBar();
+  mIsPlacing = false;
+}
+
+void UI_TextEdit::PlaceScrollBar() {
+  if (!mScrollBar) {
+    return;
+  }
+  float const bar = UI_ScrollBar::GetThickness();
+  RectT<float> const rect = UI_GetLocalRectF(ui::RectSpace::kOwn).Grown({-kFrame, -kFrame, -kFrame, -kFrame});
+  mScrollBar->UI_SetLocalRectF(
+      {skins::IsRightToLeft() ? rect.left : rect.Right() - bar, rect.top, bar, rect.height});
+  mScrollBar->SetLengths(mEdit->GetContentHeight(), mEdit->UI_GetLocalRectF(ui::RectSpace::kOwn).height);
+  mScrollBar->SetOffset(mEdit->GetScrollOffset());
+}
+
+// Lines that become narrower beside the bar need it all the more: it doesn't come and go by turns.
+void UI_TextEdit::EditScrolled() {
+  if (!mScrollBar || mIsPlacing) {
+    return;
+  }
+  PlaceScrollBar();
+  if (mScrollBar->IsNeeded() != mScrollBar->UI_IsShown()) {
+    mScrollBar->UI_Show(mScrollBar->IsNeeded());
+    PlaceEdit();
+  }
+}
+
+void UI_TextEdit::BarMoved(moxcore::messaging::Message* /*message*/) {
+  mEdit->SetScrollOffset(mScrollBar->GetOffset());
 }
 
 void UI_TextEdit::UI_SizeChanged(RectT<float> const& rect) {
   UI_ControlView::UI_SizeChanged(rect);
   PlaceEdit();
+  EditScrolled();
 }
 
 void UI_TextEdit::UI_SkinSetUpdated() {
@@ -118,7 +183,8 @@ PaddingT<float> UI_TextEdit::UI_GetDrawOverhang() const {
 }
 
 ExtentT<float> UI_TextEdit::UI_GetRecommendedSize(scriber::Scriber*) const {
-  return {kRecommendedWidth, UI_GetCurrentSkinSet().GetNumber(skins::SkinNumber::kTextEditHeight)};
+  float const height = UI_GetCurrentSkinSet().GetNumber(skins::SkinNumber::kTextEditHeight);
+  return {kRecommendedWidth, IsMultiLine() ? height * kRecommendedLines : height};
 }
 
 // Editing
@@ -164,27 +230,30 @@ void UI_TextEdit::UI_FocusChanged(ui::FocusChangeReason reason) {
   }
 }
 
+bool UI_TextEdit::Commits(ui::KeyboardEvent const& event) const {
+  return event.CompareShortcut(ui::KeyboardCode::kReturn, {}) ||
+         event.CompareShortcut(ui::KeyboardCode::kEnter, {}) ||
+         (IsMultiLine() && event.CompareShortcut(ui::KeyboardCode::kReturn, ui::ModKey::kCommand));
+}
+
 bool UI_TextEdit::UI_DoKeyboardEvent(ui::UI_Node* node, ui::KeyboardEvent const& event) {
-  bool const isDown = event.IsAction(ui::KeyAction::kKeyDown) && event.GetModKey().IsEmpty();
-  if (!isDown || !UI_TextEditControlHasFocus() || IsDisabled()) {
+  if (!event.IsAction(ui::KeyAction::kKeyDown) || !UI_TextEditControlHasFocus() || IsDisabled()) {
     return UI_ControlView::UI_DoKeyboardEvent(node, event);
   }
   IntrusivePtr<UI_TextEdit> const self(this);
-  switch (event.GetCode()) {
-    case ui::KeyboardCode::kReturn:
-    case ui::KeyboardCode::kEnter:
-      Commit();
-      if (mReturnEndsEditing) {
-        UI_LoseKeyboardFocus();
-      }
-      return true;
-    case ui::KeyboardCode::kEscape:
-      Restore();
+  if (Commits(event)) {
+    Commit();
+    if (mReturnEndsEditing) {
       UI_LoseKeyboardFocus();
-      return true;
-    default:
-      return UI_ControlView::UI_DoKeyboardEvent(node, event);
+    }
+    return true;
   }
+  if (event.CompareShortcut(ui::KeyboardCode::kEscape, {})) {
+    Restore();
+    UI_LoseKeyboardFocus();
+    return true;
+  }
+  return UI_ControlView::UI_DoKeyboardEvent(node, event);
 }
 
 // Whoever followed the typing hears that it has been taken back.

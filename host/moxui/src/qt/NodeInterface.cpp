@@ -57,6 +57,8 @@ QAccessible::Role ToRole(AccessibleRole role) {
       return QAccessible::EditableText;
     case AccessibleRole::kSlider:
       return QAccessible::Slider;
+    case AccessibleRole::kSpinBox:
+      return QAccessible::SpinBox;
     case AccessibleRole::kDial:
       return QAccessible::Dial;
     case AccessibleRole::kComboBox:
@@ -250,6 +252,7 @@ QAccessible::State NodeInterface::state() const {
   state.defaultButton = own.isDefault;
   state.editable = own.isEditable;
   state.readOnly = own.isReadOnly;
+  state.multiLine = own.isMultiLine;
   state.selectableText = node->UI_GetAccessibleText() != nullptr;
   return state;
 }

@@ -15,6 +15,7 @@
 
 #include <QApplication>
 #include <QCursor>
+#include <QInputMethod>
 #include <QPainter>
 #include <QScreen>
 #include <QStyleHints>
@@ -320,10 +321,16 @@ void QtWindow::FocusMoved() {
   ui::UI_Node* const leaf = mTree->GetFocusLeaf();
   mWidget->setAttribute(Qt::WA_InputMethodEnabled,
                         leaf != nullptr && leaf->UI_GetAccessibleRole() == ui::AccessibleRole::kTextField);
+  // It asks anew what it may do here, and what lies around the caret.
+  QGuiApplication::inputMethod()->update(Qt::ImQueryAll);
   if (leaf != nullptr && QAccessible::isActive()) {
     QAccessibleEvent event(NodeInterface::Of(*leaf), QAccessible::Focus);
     QAccessible::updateAccessibility(&event);
   }
+}
+
+void QtWindow::ResetTextInput() {
+  QGuiApplication::inputMethod()->reset();
 }
 
 void QtWindow::AccessibleChanged(ui::UI_Node& node, ui::AccessibleChange change) {

@@ -72,6 +72,7 @@ class QtWindow final : public platform::Window, public ui::NodeTreeHost {
   void ResetCursor() override;
   void ShowToolTip(std::string_view text, PointT<float> position) override;
   void FocusMoved() override;
+  void ResetTextInput() override;
   void AccessibleChanged(ui::UI_Node& node, ui::AccessibleChange change) override;
 
  private:

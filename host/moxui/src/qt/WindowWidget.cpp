@@ -4,6 +4,7 @@
 #include "QtTransfer.h"
 #include "QtWindow.h"
 
+#include <moxui/ui/AccessibleText.h>
 #include <moxui/ui/DragData.h>
 #include <moxui/ui/KeyboardEvent.h>
 #include <moxui/ui/UI_DragDropHandler.h>
@@ -262,16 +263,45 @@ void WindowWidget::paintEvent(QPaintEvent* event) {
   }
 }
 
-QVariant WindowWidget::inputMethodQuery(Qt::InputMethodQuery query) const {
-  if (query == Qt::ImCursorRectangle) {
-    if (ui::UI_Node const* const leaf = mWindow.GetTree().GetFocusLeaf()) {
-      RectT<float> const rect = leaf->UI_GetTextInputRect();
-      PointT<float> const place = leaf->UI_LocalToGlobalF(rect.TopLeft());
-      return QRectF(mapFromGlobal(QPointF(place.x, place.y)),
-                    QSizeF(rect.width, rect.height) * mWindow.GetZoom());
-    }
+namespace {
+
+QVariant AskEditedText(ui::AccessibleText const& text, bool isMultiLine, Qt::InputMethodQuery query) {
+  platform::TextSelection const selection = text.GetSelection();
+  switch (query) {
+    case Qt::ImSurroundingText:
+      return ToQString(text.GetText());
+    case Qt::ImCursorPosition:
+      return static_cast<int>(selection.caret);
+    case Qt::ImAnchorPosition:
+      return static_cast<int>(selection.anchor);
+    case Qt::ImCurrentSelection:
+      return ToQString(text.GetText())
+          .mid(static_cast<qsizetype>(selection.Begin()),
+               static_cast<qsizetype>(selection.End() - selection.Begin()));
+    case Qt::ImHints:
+      return static_cast<int>(isMultiLine ? Qt::ImhMultiLine : Qt::ImhNone);
+    default:
+      return {};
   }
-  return QWidget::inputMethodQuery(query);
+}
+
+}  // namespace
+
+QVariant WindowWidget::inputMethodQuery(Qt::InputMethodQuery query) const {
+  ui::UI_Node* const leaf = mWindow.FindTree() != nullptr ? mWindow.GetTree().GetFocusLeaf() : nullptr;
+  if (leaf == nullptr) {
+    return QWidget::inputMethodQuery(query);
+  }
+  if (query == Qt::ImCursorRectangle) {
+    RectT<float> const rect = leaf->UI_GetTextInputRect();
+    PointT<float> const place = leaf->UI_LocalToGlobalF(rect.TopLeft());
+    return QRectF(mapFromGlobal(QPointF(place.x, place.y)),
+                  QSizeF(rect.width, rect.height) * mWindow.GetZoom());
+  }
+  ui::AccessibleText const* const text = leaf->UI_GetAccessibleText();
+  QVariant const known =
+      text != nullptr ? AskEditedText(*text, leaf->UI_GetAccessibleState().isMultiLine, query) : QVariant();
+  return known.isValid() ? known : QWidget::inputMethodQuery(query);
 }
 
 }  // namespace moxui::qt

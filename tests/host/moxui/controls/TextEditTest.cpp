@@ -175,6 +175,120 @@ TEST_F(TextEdit, ADoubleClickSelectsAWord) {
   EXPECT_EQ(edit.GetTextEdit()->GetSelection().End(), 3u);
 }
 
+TEST_F(TextEdit, ADragBehindADoubleClickSelectsByWords) {
+  UI_TextEdit& edit = Put({10, 10, 200, 24});
+  edit.SetValue(u"one two three", false);
+  mStage.Click({24, 22});
+  mStage.Press({24, 22});
+  mStage.Move({50, 22});
+  EXPECT_EQ(edit.GetTextEdit()->GetSelection(), (platform::TextSelection{.anchor = 0, .caret = 7}));
+  mStage.Move({10, 22});
+  EXPECT_EQ(edit.GetTextEdit()->GetSelection(), (platform::TextSelection{.anchor = 0, .caret = 3}));
+  mStage.ReleaseHere();
+}
+
+TEST_F(TextEdit, ThreeClicksTakeTheWholeLine) {
+  UI_TextEdit& edit = Put({10, 10, 200, 24});
+  edit.SetValue(u"one two three", false);
+  mStage.DoubleClick({24, 22});
+  mStage.Click({24, 22});
+  EXPECT_EQ(edit.GetTextEdit()->GetSelection(), (platform::TextSelection{.anchor = 0, .caret = 13}));
+}
+
+TEST_F(TextEdit, ADragThatRestsOutsideGoesOnSelecting) {
+  UI_TextEdit& edit = Put({10, 10, 130, 24});
+  edit.SetValue(u"a line that is a good deal longer than its box, and some more of it", false);
+  mStage.Press({30, 22});
+  mStage.Move({150, 22});
+  std::size_t const first = edit.GetTextEdit()->GetSelection().caret;
+  mStage.AdvanceTime(200);
+  std::size_t const second = edit.GetTextEdit()->GetSelection().caret;
+  EXPECT_GT(second, first);
+  mStage.AdvanceTime(5000);
+  EXPECT_EQ(edit.GetTextEdit()->GetSelection().caret, edit.GetValue().size());
+  mStage.Move({60, 22});  // back inside, it rests
+  std::size_t const inside = edit.GetTextEdit()->GetSelection().caret;
+  mStage.AdvanceTime(500);
+  EXPECT_EQ(edit.GetTextEdit()->GetSelection().caret, inside);
+  mStage.ReleaseHere();
+}
+
+TEST_F(TextEdit, ALongTextShowsItsBeginUntilItIsEdited) {
+  UI_TextEdit& edit = Put({10, 10, 130, 24});
+  edit.SetValue(u"a line that is a good deal longer than its box", false);
+  mStage.Click({20, 22});
+  EXPECT_LE(edit.GetTextEdit()->GetSelection().caret, 1u);
+}
+
+TEST_F(TextEdit, ARightClickLeavesASelectionThatItHits) {
+  UI_TextEdit& edit = PutFocused(u"one two");
+  ModalAnswers answers;
+  edit.GetTextEdit()->SetSelection({.anchor = 0, .caret = 3});
+  mStage.Click({24, 22}, ui::MouseButton::kRight);
+  EXPECT_EQ(edit.GetTextEdit()->GetSelection(), (platform::TextSelection{.anchor = 0, .caret = 3}));
+  mStage.Click({130, 22}, ui::MouseButton::kRight);
+  EXPECT_EQ(edit.GetTextEdit()->GetSelection(), (platform::TextSelection{.anchor = 7, .caret = 7}));
+}
+
+TEST_F(TextEdit, ItsMenuOffersWhatCanBeDone) {
+  PutFocused(u"abc");
+  ModalAnswers answers;
+  mStage.Key(KeyboardCode::kContextMenu);
+  ASSERT_EQ(answers.GetRecords().size(), 1u);
+  auto const& items = answers.GetRecords()[0].menuItems;
+  EXPECT_FALSE(items[0].isEnabled);  // nothing to be undone
+  EXPECT_TRUE(items[3].isEnabled);   // all is selected, and can be cut
+  mStage.Type(u"x");
+  mStage.Key(KeyboardCode::kF10, ui::ModKey::kShift);
+  ASSERT_EQ(answers.GetRecords().size(), 2u);
+  EXPECT_TRUE(answers.GetRecords()[1].menuItems[0].isEnabled);
+  EXPECT_FALSE(answers.GetRecords()[1].menuItems[3].isEnabled);
+}
+
+TEST_F(TextEdit, GoingElsewhereKeepsWhatWasComposed) {
+  UI_TextEdit& edit = PutFocused(u"ab");
+  ChangeLog const log(edit);
+  edit.GetTextEdit()->SetSelection({.anchor = 2, .caret = 2});
+  edit.GetTextEdit()->UI_DoComposition(u"\u306B\u307B", 2);
+  edit.UI_LoseKeyboardFocus();
+  EXPECT_EQ(edit.GetValue(), u"ab\u306B\u307B");
+  EXPECT_EQ(log.changes, 1);
+}
+
+TEST_F(TextEdit, ACaretFromTheRightStandsAtTheLeftOfWhatIsTyped) {
+  UI_TextEdit& edit = PutFocused();
+  mStage.Type(u"\u05D0\u05D1\u05D2");
+  OS_EditText& inner = *edit.GetTextEdit();
+  float const atEnd = inner.GetCaretRect().left;
+  mStage.Key(KeyboardCode::kHome);
+  EXPECT_GT(inner.GetCaretRect().left, atEnd);
+  EXPECT_EQ(inner.GetPositionAt({atEnd, 5}), 3u);
+}
+
+TEST_F(TextEdit, NeverHoldsALineEnd) {
+  UI_TextEdit& edit = PutFocused(u"a\r\nb\u2028c");
+  EXPECT_EQ(edit.GetValue(), u"a b c");
+  EXPECT_EQ(edit.GetTextEdit()->GetSelection().End(), 5u);
+}
+
+TEST_F(TextEdit, AShorterLimitCutsTheText) {
+  UI_TextEdit& edit = PutFocused(u"abcdef");
+  edit.SetMaxLength(4);
+  EXPECT_EQ(edit.GetValue(), u"abcd");
+  edit.SetValue(u"uvwxyz", false);
+  EXPECT_EQ(edit.GetValue(), u"uvwx");
+}
+
+TEST_F(TextEdit, ShowsTheFarEndOfAVeryLongLine) {
+  UI_TextEdit& edit = PutFocused(moxcore::Utf16String(20000, u'm'));
+  mStage.Key(KeyboardCode::kEnd);
+  OS_EditText const& inner = *edit.GetTextEdit();
+  auto const withText = mStage.TakePicture();
+  EXPECT_LE(inner.GetCaretRect().Right(), inner.UI_GetLocalRectF(false).width);
+  edit.SetValue(moxcore::Utf16String(20000, u' '), false);
+  EXPECT_FALSE(mStage.TakePicture() == withText);
+}
+
 TEST_F(TextEdit, UndoesRedoesAndUsesTheClipboard) {
   UI_TextEdit& edit = PutFocused(u"one");
   mStage.Key(KeyboardCode::kC, ui::ModKey::kCommand);

@@ -149,6 +149,119 @@ TEST_F(TextEditor, TellsOfChangesByTheUserOnly) {
   EXPECT_EQ(changes, 2);
 }
 
+TEST_F(TextEditor, MovesAndDeletesByWords) {
+  editor->SetText(u"left right");
+  Key(KeyboardCode::kLeft, ui::ModKey::kCommand);
+  EXPECT_EQ(editor->GetSelection(), (TextSelection{5, 5}));
+  Key(KeyboardCode::kLeft, ui::ModKeys(ui::ModKey::kCommand | ui::ModKey::kShift));
+  EXPECT_EQ(editor->GetSelection(), (TextSelection{5, 0}));
+  Key(KeyboardCode::kRight, ui::ModKey::kCommand);
+  EXPECT_EQ(editor->GetSelection(), (TextSelection{5, 5}));
+
+  Key(KeyboardCode::kBackspace, ui::ModKey::kCommand);
+  EXPECT_EQ(editor->GetText(), u"right");
+  Key(KeyboardCode::kDelete, ui::ModKey::kCommand);
+  EXPECT_EQ(editor->GetText(), u"");
+}
+
+TEST_F(TextEditor, GoesToTheEnds) {
+  editor->SetText(u"left right");
+  Key(KeyboardCode::kHome, ui::ModKey::kShift);
+  EXPECT_EQ(editor->GetSelection(), (TextSelection{10, 0}));
+  Key(KeyboardCode::kEnd);
+  EXPECT_EQ(editor->GetSelection(), (TextSelection{10, 10}));
+  Key(KeyboardCode::kUp);
+  EXPECT_EQ(editor->GetSelection(), (TextSelection{0, 0}));
+  Key(KeyboardCode::kDown, ui::ModKey::kShift);
+  EXPECT_EQ(editor->GetSelection(), (TextSelection{0, 10}));
+}
+
+TEST_F(TextEditor, KnowsWhatACommandWouldDo) {
+  editor->SetText(u"abc");
+  platform::Application::Get()->GetClipboard().SetData({.text = u"x"});
+  EXPECT_FALSE(editor->CanPerform(EditCommand::kUndo));
+  EXPECT_FALSE(editor->CanPerform(EditCommand::kRedo));
+  EXPECT_FALSE(editor->CanPerform(EditCommand::kCut));
+  EXPECT_FALSE(editor->CanPerform(EditCommand::kCopy));
+  EXPECT_TRUE(editor->CanPerform(EditCommand::kPaste));
+  EXPECT_TRUE(editor->CanPerform(EditCommand::kSelectAll));
+
+  Type(u"d");
+  editor->Perform(EditCommand::kSelectAll);
+  EXPECT_TRUE(editor->CanPerform(EditCommand::kUndo));
+  EXPECT_TRUE(editor->CanPerform(EditCommand::kCut));
+  editor->Perform(EditCommand::kUndo);
+  EXPECT_TRUE(editor->CanPerform(EditCommand::kRedo));
+
+  editor->SetReadOnly(true);
+  editor->Perform(EditCommand::kSelectAll);
+  EXPECT_FALSE(editor->CanPerform(EditCommand::kRedo));
+  EXPECT_FALSE(editor->CanPerform(EditCommand::kCut));
+  EXPECT_FALSE(editor->CanPerform(EditCommand::kPaste));
+  EXPECT_TRUE(editor->CanPerform(EditCommand::kCopy));
+}
+
+TEST_F(TextEditor, CopiesNothingOverTheClipboardWithoutASelection) {
+  platform::Application::Get()->GetClipboard().SetData({.text = u"kept"});
+  editor->SetText(u"abc");
+  Key(KeyboardCode::kC, ui::ModKey::kCommand);
+  Key(KeyboardCode::kX, ui::ModKey::kCommand);
+  EXPECT_EQ(platform::Application::Get()->GetClipboard().GetData().text, u"kept");
+  EXPECT_EQ(editor->GetText(), u"abc");
+}
+
+TEST_F(TextEditor, KeepsEveryCharacterAsItIs) {
+  moxcore::Utf16String const text = u"a\u00A0b\u200Fc\u202Ed\xD800 e\xDC00 \uFEFF";
+  editor->SetText(text);
+  EXPECT_EQ(editor->GetText(), text);
+  editor->Perform(EditCommand::kSelectAll);
+  editor->Perform(EditCommand::kCopy);
+  editor->SetText(u"");
+  Type(u"\u200F");
+  EXPECT_EQ(editor->GetText(), u"\u200F");
+}
+
+TEST_F(TextEditor, NeverSplitsACharacter) {
+  // A family of three, joined out of seven code points' worth of units.
+  moxcore::Utf16String const family = u"\U0001F468\u200D\U0001F469\u200D\U0001F467";
+  editor->SetText(u"a" + family);
+  editor->SetSelection({3, 3});
+  EXPECT_EQ(editor->GetSelection(), (TextSelection{1, 1}));
+  Key(KeyboardCode::kRight);
+  EXPECT_EQ(editor->GetSelection().caret, 1 + family.size());
+  Key(KeyboardCode::kBackspace);
+  EXPECT_EQ(editor->GetText(), u"a");
+  editor->Perform(EditCommand::kUndo);
+  EXPECT_EQ(editor->GetText(), u"a" + family);
+
+  editor->SetText(family);
+  editor->SetMaxLength(4);
+  EXPECT_EQ(editor->GetText(), u"");
+  platform::Application::Get()->GetClipboard().SetData({.text = u"abc" + family});
+  editor->Perform(EditCommand::kPaste);
+  EXPECT_EQ(editor->GetText(), u"abc");
+}
+
+TEST_F(TextEditor, BackspaceTakesAMarkFromItsLetter) {
+  editor->SetText(u"e\u0301");
+  Key(KeyboardCode::kBackspace);
+  EXPECT_EQ(editor->GetText(), u"e");
+}
+
+TEST_F(TextEditor, ArrowsFollowTheReadingOfALineFromTheRight) {
+  editor->SetText(u"\u05D0\u05D1");
+  Key(KeyboardCode::kRight);  // to the right is towards the begin
+  EXPECT_EQ(editor->GetSelection().caret, 1u);
+}
+
+TEST(FitText, TurnsEveryLineEndIntoOne) {
+  moxcore::Utf16String const text = u"a\r\nb\rc\u2028d\u2029e\u0085f\vg";
+  EXPECT_EQ(platform::FitText(text, true, 0), u"a\nb\nc\nd\ne\nf\ng");
+  EXPECT_EQ(platform::FitText(text, false, 0), u"a b c d e f g");
+  EXPECT_EQ(platform::FitText(u"ab\U0001F3AC", false, 3), u"ab");
+  EXPECT_EQ(platform::FitText(u"\uFDD0x", true, 0), u"\uFFFDx");
+}
+
 TEST_F(TextEditor, FindsTheWordAtAPlace) {
   editor->SetText(u"left right");
 

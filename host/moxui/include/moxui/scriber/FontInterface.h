@@ -1,6 +1,7 @@
 #pragma once
 
 #include <moxcore/utility/RefCountedObjectWithoutVirtualBase.h>
+#include <moxui/scriber/ScriberTypes.h>
 
 #include <string_view>
 
@@ -15,6 +16,9 @@ class FontInterface : public moxcore::utility::RefCountedObjectWithoutVirtualBas
   /// Advance of the whole text in one line, fraction kept.
   virtual float GetWidth(std::u16string_view text) const = 0;
   virtual float GetSize() const = 0;
+  /// A text broken at its line feeds and, with a width above 0, wrapped into it: at words, within words that
+  /// are wider. The alignment is that within the width. Null from a font that only measures.
+  virtual TextLayoutP NewTextLayout(std::u16string_view text, float width, TextAlignment alignment) const;
 };
 
 }  // namespace moxui::scriber

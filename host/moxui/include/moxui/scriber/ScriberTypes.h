@@ -15,6 +15,7 @@ class PathInterface;
 class PenInterface;
 class SupplierInterface;
 class SurfaceInterface;
+class TextLayoutInterface;
 
 /// References to facade objects; use of an empty one raises the null-pointer exception with the type's name.
 using BrushP = moxcore::utility::IntrusivePtr<BrushInterface>;
@@ -24,6 +25,7 @@ using ImageP = moxcore::utility::IntrusivePtr<ImageInterface>;
 using PathP = moxcore::utility::IntrusivePtr<PathInterface>;
 using PenP = moxcore::utility::IntrusivePtr<PenInterface>;
 using SurfaceP = moxcore::utility::IntrusivePtr<SurfaceInterface>;
+using TextLayoutP = moxcore::utility::IntrusivePtr<TextLayoutInterface>;
 
 /// Which points lie inside a path, for fills and clips alike.
 enum class FillRule { kEvenOdd = 0, kWinding = 1 };

@@ -12,6 +12,7 @@ enum class AccessibleRole {
   kStaticText,
   kTextField,
   kSlider,
+  kSpinBox,
   kDial,
   kComboBox,
   kList,

@@ -15,6 +15,7 @@ struct AccessibleState {
   bool isDefault = false;  ///< the button that Enter means
   bool isEditable = false;
   bool isReadOnly = false;
+  bool isMultiLine = false;
 };
 
 /// A value that is a number, in the control's own unit.

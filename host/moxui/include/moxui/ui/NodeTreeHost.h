@@ -53,6 +53,8 @@ class NodeTreeHost {
   virtual void ShowToolTip(std::string_view, PointT<float>) {}
   /// Focus went to or left a place where text is typed.
   virtual void FocusMoved() {}
+  /// What an input method had not finished has been taken as it was: it begins anew.
+  virtual void ResetTextInput() {}
   /// What assistive software was told of a node is no longer so.
   virtual void AccessibleChanged(UI_Node&, AccessibleChange) {}
 };

@@ -1,6 +1,7 @@
 #include "qt/raster/RasterFont.h"
 
 #include "qt/raster/FiniteValues.h"
+#include "qt/raster/RasterTextLayout.h"
 
 #include <moxui/platform/Fonts.h>
 #include <moxui/scriber/FontNames.h>
@@ -19,7 +20,9 @@ namespace moxui::qt {
 
 namespace {
 
-constexpr std::size_t kMostTexts = 4096;  // remembered for each font
+constexpr std::size_t kMostTexts = 4096;   // remembered for each font
+constexpr std::size_t kLongestText = 256;  // UTF-16 units, of what is remembered beyond the last
+constexpr double kTabWidth = 32;
 constexpr double kEndless = 1e7;
 constexpr std::size_t kMostFonts = 256;
 constexpr float kLargestSize = 1000.0f;
@@ -49,6 +52,13 @@ QFont PlainFont(QString const& family, float size) {
 
 }  // namespace
 
+QTextOption TextOptionFor(double scale) {
+  QTextOption option;
+  option.setTabStopDistance(kTabWidth * scale);
+  option.setFlags(QTextOption::IncludeTrailingSpaces);
+  return option;
+}
+
 RasterFont::RasterFont(QFont const& font, float size) : mFont(font), mSize(size) {
   QFontMetricsF const metrics(mFont, &MeasuringDevice());
   mAscent = static_cast<float>(metrics.ascent());
@@ -56,6 +66,13 @@ RasterFont::RasterFont(QFont const& font, float size) : mFont(font), mSize(size)
 }
 
 RasterFont::Known& RasterFont::Find(std::u16string_view text) const {
+  if (text.size() > kLongestText) {
+    if (text != mLongText) {
+      mLongText = text;
+      mOfLongText = {};
+    }
+    return mOfLongText;
+  }
   if (auto const known = mKnown.find(text); known != mKnown.end()) {
     return known->second;
   }
@@ -81,6 +98,7 @@ QList<QGlyphRun> const& RasterFont::GetGlyphs(std::u16string_view text, double s
   Known& known = Find(text);
   if (known.scale != scale) {
     QTextLayout layout(StringOf(text), ForScale(scale));
+    layout.setTextOption(TextOptionFor(scale));
     layout.beginLayout();
     QTextLine line = layout.createLine();
     if (line.isValid()) {
@@ -92,6 +110,13 @@ QList<QGlyphRun> const& RasterFont::GetGlyphs(std::u16string_view text, double s
     known.scale = scale;
   }
   return known.glyphs;
+}
+
+scriber::TextLayoutP RasterFont::NewTextLayout(std::u16string_view text, float width,
+                                               scriber::TextAlignment alignment) const {
+  return moxcore::utility::MakeIntrusive<RasterTextLayout>(QFont(mFont, &MeasuringDevice()), mAscent,
+                                                           mDescent, text, static_cast<float>(Finite(width)),
+                                                           alignment);
 }
 
 QFont const& RasterFont::ForScale(double scale) const {

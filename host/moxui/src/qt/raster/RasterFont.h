@@ -7,6 +7,7 @@
 #include <QtGui/QFont>
 #include <QtGui/QGlyphRun>
 #include <QtGui/QImage>
+#include <QtGui/QTextOption>
 #include <functional>
 #include <string>
 #include <string_view>
@@ -23,6 +24,9 @@ inline void PrepareTarget(QImage& image) {
   image.setDotsPerMeterY(kDotsPerMetre);
 }
 
+/// How the lines of a text are set at so many device pixels to the logical pixel.
+QTextOption TextOptionFor(double scale);
+
 /// A font of the platform. What it measures it remembers, so fonts are shared by name, style and size.
 class RasterFont final : public scriber::FontInterface {
  public:
@@ -32,6 +36,8 @@ class RasterFont final : public scriber::FontInterface {
   float GetDescent() const override { return mDescent; }
   float GetWidth(std::u16string_view text) const override;
   float GetSize() const override { return mSize; }
+  scriber::TextLayoutP NewTextLayout(std::u16string_view text, float width,
+                                     scriber::TextAlignment alignment) const override;
 
   /// The font for drawing at so many device pixels to the logical pixel.
   QFont const& ForScale(double scale) const;
@@ -55,6 +61,8 @@ class RasterFont final : public scriber::FontInterface {
   float mAscent = 0;
   float mDescent = 0;
   mutable std::unordered_map<std::u16string, Known, Hash, std::equal_to<>> mKnown;
+  mutable std::u16string mLongText;  // the last of the texts that are too long to be remembered
+  mutable Known mOfLongText;
   mutable QFont mScaled;
   mutable double mScaledBy = 0;
 };

@@ -5,12 +5,16 @@
 #include <moxcore/utility/Guid.h>
 #include <moxcore/utility/IntrusivePtr.h>
 #include <moxcore/utility/RefCountedWeakPtr.h>
+#include <moxmediatypes/FrameRate.h>
+#include <moxmediatypes/TickTime.h>
+#include <moxmediatypes/TimeDisplay.h>
 #include <moxui/geometry/ColorRGBA.h>
 #include <moxui/geometry/ExtentT.h>
 #include <moxui/geometry/Flags.h>
 #include <moxui/geometry/PaddingT.h>
 #include <moxui/geometry/PointT.h>
 #include <moxui/geometry/RectT.h>
+#include <moxui/geometry/ScaleMatrixT.h>
 #include <moxui/scriber/ScriberTypes.h>
 
 namespace moxui::scriber {
@@ -28,6 +32,11 @@ using moxui::Flags;
 using moxui::PaddingT;
 using moxui::PointT;
 using moxui::RectT;
+using moxui::ScaleMatrixT;
+
+using moxmediatypes::FrameRate;
+using moxmediatypes::TickTime;
+using moxmediatypes::TimeDisplay;
 
 using moxcore::Guid;
 using moxcore::ImmutableString;
@@ -39,6 +48,7 @@ using moxcore::utility::RefCountedWeakPtr;
 using moxui::scriber::BrushP;
 using moxui::scriber::BufferImageP;
 using moxui::scriber::FontP;
+using moxui::scriber::ImageInterface;
 using moxui::scriber::ImageP;
 using moxui::scriber::PathP;
 using moxui::scriber::PenP;
@@ -46,5 +56,6 @@ using moxui::scriber::Scriber;
 using moxui::scriber::SupplierInterface;
 using moxui::scriber::SurfaceInterface;
 using moxui::scriber::SurfaceP;
+using moxui::scriber::TextAlignment;
 
 }  // namespace moxmediaui

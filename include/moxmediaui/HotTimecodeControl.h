@@ -18,9 +18,6 @@
 
 namespace moxmediaui {
 
-using moxui::scriber::ImageInterface;
-using moxui::scriber::TextAlignment;
-
 struct MessageNameForHotTimecodeValueChangingMessage {};
 struct MessageNameForHotTimecodeValueChangedMessage {};
 struct MessageNameForHotTimecodeVideoTimeDisplayChangedMessage {};
@@ -163,6 +160,8 @@ class UI_HotTimecodeControl : public moxcore::messaging::Listener,
   bool UI_DoKeyboardEvent(moxui::ui::UI_Node* node, moxui::ui::KeyboardEvent const& event) override;
   bool UI_DoCursor(moxui::ui::UI_Node* node, PointT<float> point, unsigned flags) override;
   bool UI_DoTimerNotify(int id) override;
+  /// An edit that is open goes on covering the field.
+  void UI_SizeChanged(RectT<float> const& rect) override;
   void UI_FocusChanged(moxui::ui::FocusChangeReason reason) override;
   bool UI_WantsKeyboardFocus() const override;
   moxui::ui::AccessibleRole UI_GetAccessibleRole() const override;

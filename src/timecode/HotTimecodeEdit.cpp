@@ -41,6 +41,13 @@ void UI_HotTimecodeControl::OpenEdit(bool byKey) {
   mTextEdit->GetTextEdit()->UI_GainKeyboardFocus(FocusChangeReason::kByCode);
 }
 
+void UI_HotTimecodeControl::UI_SizeChanged(RectT<float> const& rect) {
+  UI_SubView::UI_SizeChanged(rect);
+  if (mTextEdit->UI_IsShown()) {
+    mTextEdit->UI_SetLocalRectF(rect);
+  }
+}
+
 void UI_HotTimecodeControl::EndEdit() {
   if (!mTextIsBehind) {
     mModel.SetText(mTextEdit->GetValue());

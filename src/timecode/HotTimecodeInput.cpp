@@ -1,12 +1,12 @@
 // Dragging of a timecode field, its cursor and the radial controller.
 #include "RadialTurn.h"
-#include "ScrubMotion.h"
 #include "TimeCodeInputCapture.h"
 #include "audio/SaturatingConversion.h"
 
 #include <moxcore/debug/DebugDatabase.h>
 #include <moxcore/threads/HighPrecisionTime.h>
 #include <moxmediaui/HotTimecodeControl.h>
+#include <moxui/controls/ScrubMotion.h>
 #include <moxui/resources/ResourceManager.h>
 #include <moxui/ui/InputState.h>
 #include <moxui/ui/UI_NodeManager.h>
@@ -135,7 +135,7 @@ void UI_HotTimecodeControl::MouseMoveSelf(MouseEvent const& event) {
   if (!mIsScrubbing) {
     return;
   }
-  ScrubMotion motion{mScrubStarted, mScrubAxis, mLastPosition};
+  moxui::controls::ScrubMotion motion{mScrubStarted, mScrubAxis, mLastPosition};
   int const count = motion.MoveTo(event.GetPosition(), mIsPenEvent);
   mScrubStarted = motion.hasStarted;
   mScrubAxis = motion.axis;

@@ -1,6 +1,8 @@
 // Dragging of a timecode field, by mouse and by pen.
 #include "WorkedField.h"
 
+#include <moxui/dialogs/MessageBox.h>
+#include <moxui/testing/ModalAnswers.h>
 #include <moxui/ui/UI_NodeManager.h>
 
 namespace timecode_tests {
@@ -150,6 +152,70 @@ TEST_F(Scrub, OfAFieldThatCodeTakesAwayEnds) {
   stage.GetRootView().ChildRemove(field);
   EXPECT_FALSE(field->IsScrubbing());
   EXPECT_TRUE(IsCursorShown());
+}
+
+TEST_F(Scrub, OfAFieldThatEndsShowsThePointerAgain) {
+  Press();
+  MoveBy(3, 0);
+  ASSERT_FALSE(IsCursorShown());
+  moxcore::utility::RefCountedWeakPtr<OpenTimecodeControl> const weak(field.Get());
+  stage.GetRootView().DeleteChildren();
+  field.Reset();
+  EXPECT_TRUE(weak.IsExpired());
+  EXPECT_TRUE(IsCursorShown());
+}
+
+unsigned AskAQuestion() {
+  namespace messagebox = moxui::dialogs::messagebox;
+  using namespace moxui::dialogs::DialogButton;
+  return messagebox::Messagebox(nullptr, u"Timecode", u"Stop here?", kYes + kNo, kYes,
+                                messagebox::MessageIcon::kQuestion, {});
+}
+
+TEST_F(Scrub, EndsWhenABoxOpens) {
+  moxui::testing::ModalAnswers answers;
+  bool wasShown = false;
+  bool wasScrubbing = true;
+  std::vector<Heard> before;
+  answers.Expect([&](auto&) {
+    wasShown = IsCursorShown();
+    wasScrubbing = field->IsScrubbing();
+    before = TakeHeard();
+    return 16;
+  });
+  Press();
+  MoveBy(3, 0);
+  EXPECT_EQ(AskAQuestion(), 16u);
+  EXPECT_TRUE(wasShown);
+  EXPECT_FALSE(wasScrubbing);
+  EXPECT_THAT(before, ElementsAre(Changing(kMinute + TickTime(2, k25)), Changed(kMinute + TickTime(2, k25))));
+  MoveBy(10, 0);
+  Release();
+  EXPECT_EQ(Frames(), 2);
+  EXPECT_FALSE(IsEditing());
+  EXPECT_THAT(TakeHeard(), IsEmpty());
+}
+
+TEST_F(Scrub, AListenerMayOpenABox) {
+  moxui::testing::ModalAnswers answers;
+  std::vector<bool> shown;
+  answers.Expect([&](auto&) {
+    shown.push_back(IsCursorShown());
+    return 64;
+  });
+  log->whenHeard = [](Heard const& heard) {
+    if (heard.kind == Heard::Kind::kChanging) {
+      AskAQuestion();
+    }
+  };
+  Press();
+  MoveBy(3, 0);
+  EXPECT_EQ(shown, std::vector{true});
+  EXPECT_FALSE(field->IsScrubbing());
+  EXPECT_EQ(Frames(), 2);
+  EXPECT_EQ(field->ShownText(), field->GetTimecodeString());
+  Release();
+  EXPECT_FALSE(IsEditing());
 }
 
 TEST_F(Scrub, AListenerMayLetGoOfTheField) {

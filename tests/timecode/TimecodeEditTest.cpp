@@ -90,6 +90,42 @@ TEST_F(TimecodeEdit, TabAndAPressElsewhereTakeTheTextToo) {
   EXPECT_THAT(TakeHeard(), ElementsAre(Changed(Seconds(6))));
 }
 
+TEST_F(TimecodeEdit, GrowsAndShrinksWithItsField) {
+  Click();
+  stage.Type(u"5:00");
+  for (RectT<float> const rect : {RectT<float>(40, 40, 220, 30), RectT<float>(0, 0, 30, 12)}) {
+    field->UI_SetLocalRectF(rect);
+    EXPECT_EQ(field->GetTextControl()->UI_GetLocalRectF(true), RectT<float>(0, 0, rect.width, rect.height));
+  }
+  EXPECT_TRUE(IsEditing());
+  stage.Key(KeyboardCode::kReturn);
+  EXPECT_EQ(field->GetTime(), Seconds(5));
+}
+
+TEST_F(TimecodeEdit, HiddenLeavesTheEditToItsSymbol) {
+  RectT<float> const before = field->GetTextControl()->UI_GetLocalRectF(true);
+  field->UI_SetLocalRectF({40, 40, 220, 30});
+  EXPECT_EQ(field->GetTextControl()->UI_GetLocalRectF(true), before);
+}
+
+TEST_F(TimecodeEdit, AnyTextLeavesTheFieldInUse) {
+  for (moxcore::Utf16String const& text :
+       {moxcore::Utf16String(u"\xD800"), moxcore::Utf16String(u"\u200F\u202E1:00"),
+        moxcore::Utf16String(u"\U0001F468\u200D\U0001F469"), moxcore::Utf16String(100000, u'9'),
+        moxcore::Utf16String(u"1:00\0:00", 8), moxcore::Utf16String(u"1:00\n2:00")}) {
+    Click();
+    field->GetTextControl()->SetValue(text, false);
+    stage.PaintFrame();
+    stage.Key(KeyboardCode::kReturn);
+    EXPECT_FALSE(IsEditing());
+    EXPECT_EQ(field->ShownText(), field->GetTimecodeString());
+  }
+  Click();
+  stage.Type(u"5:00");
+  stage.Key(KeyboardCode::kReturn);
+  EXPECT_EQ(field->GetTime(), Seconds(5));
+}
+
 TEST_F(TimecodeEdit, EndsOnceWhenTheWindowIsDeactivated) {
   Click();
   stage.Type(u"5:00");

@@ -51,9 +51,25 @@ std::vector<KeyLine> ScrollViewKeys() {
            "$$$/playground/keys/homeEnd/scroll=To the beginning or the end"}};
 }
 
+std::vector<KeyLine> HotTextKeys() {
+  return {
+      kTab,
+      {"$$$/playground/keys/enter=Enter", "$$$/playground/keys/enter/hot=Edit, and commit what was typed"},
+      {"$$$/playground/keys/digits=Digits", "$$$/playground/keys/digits/hot=Type a number at once"},
+      {"$$$/playground/keys/arrows=Arrow keys",
+       "$$$/playground/keys/arrows/hot=A step down or up; with Shift a large one, with Ctrl a small one"},
+      {"$$$/playground/keys/pages=Page Down, Page Up",
+       "$$$/playground/keys/pages/slider=A large step down or up"},
+      {"$$$/playground/keys/homeEnd=Home, End", "$$$/playground/keys/homeEnd/slider=To either end"},
+      {"$$$/playground/keys/escape=Esc",
+       "$$$/playground/keys/escape/hot=While dragging or editing: back to what was there before"}};
+}
+
 std::vector<KeyLine> TextEditKeys() {
   return {kTab,
-          {"$$$/playground/keys/enter=Enter", "$$$/playground/keys/enter/text=Commit the text"},
+          {"$$$/playground/keys/enter=Enter",
+           "$$$/playground/keys/enter/text=Commit the text; among several lines a new line, and Ctrl+Enter "
+           "commits"},
           {"$$$/playground/keys/escape=Esc",
            "$$$/playground/keys/escape/text=Bring the text from before the editing back"},
           {"$$$/playground/keys/words=Ctrl+Left, Ctrl+Right",
@@ -69,8 +85,9 @@ struct KeysByPage {
 };
 
 constexpr KeysByPage kPages[] = {
-    {"buttons", ButtonKeys}, {"checkbox", CheckboxKeys},      {"popup", PopupKeys},
-    {"slider", SliderKeys},  {"scroll-view", ScrollViewKeys}, {"text-edit", TextEditKeys}};
+    {"buttons", ButtonKeys},    {"checkbox", CheckboxKeys},      {"popup", PopupKeys},
+    {"slider", SliderKeys},     {"scroll-view", ScrollViewKeys}, {"hot-text", HotTextKeys},
+    {"text-edit", TextEditKeys}};
 
 }  // namespace
 

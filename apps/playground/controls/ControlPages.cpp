@@ -11,6 +11,8 @@
 
 #include <moxui/controls/UI_Checkbox.h>
 #include <moxui/controls/UI_DisclosureTriangleButton.h>
+#include <moxui/controls/UI_HotText.h>
+#include <moxui/controls/UI_HotTextNumber.h>
 #include <moxui/controls/UI_PictureButton.h>
 #include <moxui/controls/UI_PictureTextButton.h>
 #include <moxui/controls/UI_Popup.h>
@@ -32,6 +34,8 @@ using moxui::controls::TextTruncation;
 using moxui::controls::UI_Checkbox;
 using moxui::controls::UI_ControlView;
 using moxui::controls::UI_DisclosureTriangleButton;
+using moxui::controls::UI_HotText;
+using moxui::controls::UI_HotTextNumber;
 using moxui::controls::UI_PictureButton;
 using moxui::controls::UI_PictureTextButton;
 using moxui::controls::UI_Popup;
@@ -161,6 +165,60 @@ Control TextEdit(bool empty, bool readOnly) {
   return edit;
 }
 
+Control TextLines() {
+  auto edit = MakeIntrusive<UI_TextEdit>();
+  edit->SetAccessibleName(moxcore::Utf8String(Text("$$$/playground/sample/remarks=Remarks")));
+  edit->SetMultiLine(true);
+  edit->SetAlignment(Leading());
+  edit->SetValue(
+      Text16("$$$/playground/sample/remarks/text=The second take is the one to keep.\nMind the door in "
+             "the background: it is heard twice, and once more at the end."),
+      false);
+  return edit;
+}
+
+Control HotText() {
+  auto text = MakeIntrusive<UI_HotText>(Text16("$$$/playground/sample/clip=Opening titles"));
+  text->SetAccessibleName(moxcore::Utf8String(Text("$$$/playground/sample/clipName=Name of the clip")));
+  return text;
+}
+
+IntrusivePtr<UI_HotTextNumber> HotNumber(std::string_view name, double minimum, double maximum,
+                                         double value) {
+  auto number = MakeIntrusive<UI_HotTextNumber>();
+  number->SetAccessibleName(moxcore::Utf8String(Text(name)));
+  number->SetMinValue(minimum);
+  number->SetMaxValue(maximum);
+  number->SetValue(value);
+  return number;
+}
+
+Control FontSizeNumber() {
+  auto number = HotNumber("$$$/playground/sample/fontSize=Font size", 1.0, 1600.0, 48.0);
+  number->SetDecimalPlaces(1);
+  return number;
+}
+
+Control GainNumber(bool inBox) {
+  auto number = HotNumber("$$$/playground/sample/gain=Gain", -96.0, 24.0, -6.5);
+  number->SetDecimalPlaces(1);
+  number->SetIncrement(0.1);
+  number->SetShiftIncrement(1.0);
+  number->SetCmdIncrement(0.01);
+  number->SetFormatAlwaysSign(true);
+  number->SetTextLabel(Text16("$$$/playground/sample/gain/unit= dB"));
+  number->SetNumericInput(inBox);
+  return number;
+}
+
+Control SampleRateNumber() {
+  auto number = HotNumber("$$$/playground/sample/sampleRate=Sample rate", 8000.0, 384000.0, 48000.0);
+  number->SetShiftIncrement(1000.0);
+  number->SetFormatUseSeparator(true);
+  number->SetTextLabel(Text16("$$$/playground/sample/sampleRate/unit= Hz"));
+  return number;
+}
+
 PageDescriptor Described(std::string_view name, std::string_view title, std::string_view description,
                          std::vector<ControlSample> (*samples)(),
                          // NOLINTNEXTLINE(performance-unnecessary-value-param): a list made for the call
@@ -238,7 +296,16 @@ std::vector<ControlSample> ScrollViews() {
 std::vector<ControlSample> TextEdits() {
   return {{"$$$/playground/sample/editText=Text", [] { return TextEdit(false, false); }, 240.0f},
           {"$$$/playground/sample/editEmpty=Empty", [] { return TextEdit(true, false); }, 240.0f},
-          {"$$$/playground/sample/editReadOnly=Read only", [] { return TextEdit(false, true); }, 240.0f}};
+          {"$$$/playground/sample/editReadOnly=Read only", [] { return TextEdit(false, true); }, 240.0f},
+          {"$$$/playground/sample/editLines=Several lines", [] { return TextLines(); }, 240.0f, 72.0f}};
+}
+
+std::vector<ControlSample> HotTexts() {
+  return {{"$$$/playground/sample/hotText=Text", [] { return HotText(); }, 160.0f},
+          {"$$$/playground/sample/hotNumber=Number", [] { return FontSizeNumber(); }, 80.0f},
+          {"$$$/playground/sample/hotUnit=With sign and unit", [] { return GainNumber(false); }, 80.0f},
+          {"$$$/playground/sample/hotThousands=With thousands", [] { return SampleRateNumber(); }, 96.0f},
+          {"$$$/playground/sample/hotBox=In a box", [] { return GainNumber(true); }, 96.0f}};
 }
 
 }  // namespace
@@ -261,8 +328,14 @@ std::vector<PageDescriptor> ControlPages() {
       Described("scroll-view", "$$$/playground/page/scrollView=Scroll view",
                 "$$$/playground/page/scrollView/text=A window onto something larger.", ScrollViews,
                 {SampleState::kNormal, SampleState::kHover, SampleState::kFocused, SampleState::kDisabled}),
+      Described("hot-text", "$$$/playground/page/hotText=Hot text",
+                "$$$/playground/page/hotText/text=Text and numbers that are edited where they stand: drag a "
+                "number, "
+                "or click and type.",
+                HotTexts),
       Described("text-edit", "$$$/playground/page/textEdit=Text field",
-                "$$$/playground/page/textEdit/text=A line of text to be edited. Enter commits, Escape takes "
+                "$$$/playground/page/textEdit/text=Text to be edited, a line or several. Enter commits, "
+                "Escape takes "
                 "it back.",
                 TextEdits,
                 {SampleState::kNormal, SampleState::kHover, SampleState::kFocused, SampleState::kDisabled})};

@@ -308,7 +308,7 @@ TEST_P(Reachable, BackwardInTheOppositeOrder) {
 
 INSTANTIATE_TEST_SUITE_P(Pages, Reachable,
                          testing::Values("audio", "timecode", "buttons", "checkbox", "popup", "slider",
-                                         "scroll-view", "text-edit"),
+                                         "scroll-view", "hot-text", "text-edit"),
                          [](auto const& page) {
                            std::string name(page.param);
                            name.erase(std::remove(name.begin(), name.end(), '-'), name.end());

@@ -5,6 +5,8 @@
 #include <moxui/controls/UI_Button.h>
 #include <moxui/controls/UI_Checkbox.h>
 #include <moxui/controls/UI_DisclosureTriangleButton.h>
+#include <moxui/controls/UI_HotText.h>
+#include <moxui/controls/UI_HotTextNumber.h>
 #include <moxui/controls/UI_PictureButton.h>
 #include <moxui/controls/UI_PictureTextButton.h>
 #include <moxui/controls/UI_Popup.h>
@@ -177,6 +179,35 @@ std::vector<ControlFace> MakeFaces() {
                      return edit;
                    },
                    {FaceState::kNormal}});
+  faces.push_back(
+      {"text_edit_lines",
+       {150, 62},
+       [] {
+         auto const edit = MakeIntrusive<controls::UI_TextEdit>();
+         edit->SetMultiLine(true);
+         edit->SetValue(
+             u"Interview 04\nThe second microphone is the better one.\n\u05E9\u05DC\u05D5\u05DD 12", false);
+         return edit;
+       },
+       {FaceState::kNormal, FaceState::kHover, FaceState::kFocused, FaceState::kDisabled}});
+  faces.push_back(
+      {"hot_text", {100, 24}, [] { return MakeIntrusive<controls::UI_HotText>(u"Untitled"); }, kAllStates});
+  auto const makeNumber = [](bool isInBox) {
+    return [isInBox] {
+      auto const number = MakeIntrusive<controls::UI_HotTextNumber>();
+      number->SetDecimalPlaces(1);
+      number->SetValue(-12.5);
+      number->SetTextLabel(u" dB");
+      number->SetNumericInput(isInBox);
+      return number;
+    };
+  };
+  faces.push_back({"hot_text_number", {80, 24}, makeNumber(false), kAllStates});
+  faces.push_back({"hot_text_number_box", {80, 24}, makeNumber(true), kAllStates});
+  faces.push_back({"hot_text_number_edited",
+                   {80, 24},
+                   [makeNumber] { return makeNumber(false)(); },
+                   {FaceState::kEdited}});
   return faces;
 }
 
@@ -212,6 +243,9 @@ void PutIntoState(Stage& stage, UI_ControlView& control, FaceState state) {
     case FaceState::kUnknown:
       control.SetValueUnknown();
       break;
+    case FaceState::kEdited:
+      control.UI_DoAccessibleAction();
+      break;
   }
 }
 
@@ -229,6 +263,8 @@ std::string NameOf(FaceState state) {
       return "disabled";
     case FaceState::kUnknown:
       return "unknown";
+    case FaceState::kEdited:
+      return "edited";
   }
   return {};
 }

@@ -11,7 +11,7 @@
 
 namespace moxui::testing {
 
-enum class FaceState { kNormal, kHover, kPressed, kFocused, kDisabled, kUnknown };
+enum class FaceState { kNormal, kHover, kPressed, kFocused, kDisabled, kUnknown, kEdited };
 
 std::string NameOf(FaceState state);
 

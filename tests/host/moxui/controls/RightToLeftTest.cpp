@@ -189,8 +189,8 @@ TEST_F(RightToLeft, ASwitchRepaintsEverything) {
 // Pictures
 
 std::vector<std::string> const kMirrored = {
-    "picture_text_button", "checkbox_on", "radio_on", "triangle_collapsed", "popup",
-    "static_text",         "text_edit"};
+    "picture_text_button", "checkbox_on", "radio_on",        "triangle_collapsed", "popup",
+    "static_text",         "text_edit",   "text_edit_lines", "hot_text",           "hot_text_number"};
 
 testing::ControlFace const& FaceOf(std::string const& name) {
   auto const& faces = testing::GetControlFaces();

@@ -53,9 +53,10 @@ void OS_EditText::UI_FocusChanged(ui::FocusChangeReason reason) {
   if (UI_HasKeyboardFocus()) {
     bool const comesByItself =
         reason == ui::FocusChangeReason::kTraversal || reason == ui::FocusChangeReason::kByCode;
-    if (comesByItself) {
-      SelectAll();
+    if (comesByItself && !mIsMultiLine) {
+      SelectAll();  // what is typed next replaces a line, but doesn't wipe out a page
     }
+    KeepCaretInSight();
     RestartBlinking();
   } else {
     IntrusivePtr<OS_EditText> const self(this);

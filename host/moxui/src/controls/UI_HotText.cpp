@@ -203,13 +203,20 @@ void UI_HotText::OpenEdit() {
     return;
   }
   IntrusivePtr<UI_HotText> const self(this);
-  mEditOpenedByKey = UI_HasKeyboardFocus(true) && mFocusVisibility.ShowsRing();
+  bool const hasFocus = UI_HasKeyboardFocus(true);
+  mEditOpenedByKey = hasFocus && mFocusVisibility.ShowsRing();
+  // The focus is given up first: its loss, told to this control, would close the edit inside of it.
+  if (hasFocus) {
+    UI_LoseKeyboardFocus();
+  }
   mEdit->SetAccessibleName(UI_GetAccessibleName());
   mEdit->SetValue(IsValueUnknown() ? moxcore::Utf16String() : GetTextToEdit(), false);
   PlaceEdit();
   mEdit->UI_Show();
-  mEdit->UI_GainKeyboardFocus(ui::FocusChangeReason::kByCode);
   UI_Invalidate();
+  if (!mEdit->UI_GainKeyboardFocus(ui::FocusChangeReason::kByCode)) {
+    CloseEdit();
+  }
 }
 
 void UI_HotText::EditCommitted(moxcore::messaging::Message* /*message*/) {

@@ -132,7 +132,7 @@ ui::AccessibleRole UI_HotText::UI_GetAccessibleRole() const {
 }
 
 moxcore::Utf8String UI_HotText::UI_GetAccessibleValue() const {
-  return IsValueUnknown() ? moxcore::Utf8String() : moxcore::string::UTF16to8(GetText() + mLabel);
+  return IsValueUnknown() ? moxcore::Utf8String() : moxcore::string::UTF16to8(GetTextToEdit() + mLabel);
 }
 
 bool UI_HotText::UI_DoAccessibleAction() {

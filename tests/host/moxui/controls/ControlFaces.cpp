@@ -179,17 +179,16 @@ std::vector<ControlFace> MakeFaces() {
                      return edit;
                    },
                    {FaceState::kNormal}});
-  faces.push_back(
-      {"text_edit_lines",
-       {150, 62},
-       [] {
-         auto const edit = MakeIntrusive<controls::UI_TextEdit>();
-         edit->SetMultiLine(true);
-         edit->SetValue(
-             u"Interview 04\nThe second microphone is the better one.\n\u05E9\u05DC\u05D5\u05DD 12", false);
-         return edit;
-       },
-       {FaceState::kNormal, FaceState::kHover, FaceState::kFocused, FaceState::kDisabled}});
+  faces.push_back({"text_edit_lines",
+                   {150, 62},
+                   [] {
+                     auto const edit = MakeIntrusive<controls::UI_TextEdit>();
+                     edit->SetMultiLine(true);
+                     edit->SetValue(u"Interview 04\nThe second microphone is the better one.\nKeep take 12.",
+                                    false);
+                     return edit;
+                   },
+                   {FaceState::kNormal, FaceState::kHover, FaceState::kFocused, FaceState::kDisabled}});
   faces.push_back(
       {"hot_text", {100, 24}, [] { return MakeIntrusive<controls::UI_HotText>(u"Untitled"); }, kAllStates});
   auto const makeNumber = [](bool isInBox) {

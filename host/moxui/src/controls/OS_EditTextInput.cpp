@@ -53,10 +53,11 @@ void OS_EditText::UI_FocusChanged(ui::FocusChangeReason reason) {
   if (UI_HasKeyboardFocus()) {
     bool const comesByItself =
         reason == ui::FocusChangeReason::kTraversal || reason == ui::FocusChangeReason::kByCode;
-    if (comesByItself && !mIsMultiLine) {
-      SelectAll();  // what is typed next replaces a line, but doesn't wipe out a page
+    if (comesByItself && mIsMultiLine) {
+      KeepCaretInSight();  // what is typed next replaces a line, but doesn't wipe out a page
+    } else if (comesByItself) {
+      SelectAll();
     }
-    KeepCaretInSight();
     RestartBlinking();
   } else {
     IntrusivePtr<OS_EditText> const self(this);

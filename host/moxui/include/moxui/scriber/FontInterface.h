@@ -17,7 +17,7 @@ class FontInterface : public moxcore::utility::RefCountedObjectWithoutVirtualBas
   virtual float GetWidth(std::u16string_view text) const = 0;
   virtual float GetSize() const = 0;
   /// A text broken at its line feeds and, with a width above 0, wrapped into it: at words, within words that
-  /// are wider. The alignment is that within the width. Null from a font that only measures.
+  /// are wider. The alignment is that within the width. The base measures, and knows one direction only.
   virtual TextLayoutP NewTextLayout(std::u16string_view text, float width, TextAlignment alignment) const;
 };
 

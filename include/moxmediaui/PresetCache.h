@@ -72,7 +72,12 @@ class DirBasedStorage : public moxcore::utility::noncopyable {
 
   template <class T>
   static TextMaker TextOf(Preset<T> const& preset) {
-    return [&preset] { return moxcore::serialization::GetJSONUTF8String(PresetToJSON(preset), false); };
+    return [&preset] {
+      auto text = moxcore::serialization::GetJSONUTF8String(PresetToJSON(preset), false);
+      // What is too large to be read mustn't count as saved.
+      json::RootOfText(text.c_str(), text.size() + 1);
+      return text;
+    };
   }
 
   template <class T>

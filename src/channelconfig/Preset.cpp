@@ -29,10 +29,12 @@ constexpr std::uint64_t kVersion = 1;
 // What the text, the reader's copy of it and the tree may take together, unless the text itself is so long
 // that three times as much is more.
 constexpr std::size_t kParsingBytes = std::size_t{60} << 20;
+// Beside one long string there are a few values in any preset.
+constexpr std::size_t kFewValuesBytes = std::size_t{64} << 10;
 
 JSONLimits LimitsFor(std::size_t length) {
   auto const rest = kParsingBytes - std::min(kParsingBytes, 2 * length);
-  return {.treeBytes = std::max(rest, length)};
+  return {.treeBytes = std::max(rest, length + kFewValuesBytes)};
 }
 
 Guid RequiredGuid(std::any const& object, std::string_view key) {

@@ -169,6 +169,14 @@ TEST_F(PresetCacheTest, RefusesNamesThatNoFileHolds) {
   EXPECT_EQ(store.Files().size(), 3u);
 }
 
+TEST_F(PresetCacheTest, RefusesWhatItCouldNotLoadAgain) {
+  auto const cache = store.Open();
+  EXPECT_FALSE(cache->SavePreset(MakePreset("Foo", kUser, std::vector<std::uint32_t>(400'000, 1))));
+  EXPECT_EQ(store.Files().size(), 3u);
+  EXPECT_TRUE(cache->SavePreset(MakePreset("Foo", kUser, std::vector<std::uint32_t>(40'000, 1))));
+  EXPECT_EQ(store.Open()->GetPresets(), cache->GetPresets());
+}
+
 TEST_F(PresetCacheTest, RefusesTheNilGuid) {
   auto const cache = store.Open();
   Changes const changes(*cache);

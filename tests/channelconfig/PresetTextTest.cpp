@@ -195,6 +195,11 @@ TEST(PresetText, MayHaveItsMembersInAnyOrderAndTwice) {
             MakePreset("Foo"));
 }
 
+TEST(PresetText, MayBeLongByItsName) {
+  std::string const name(32 << 20, 'n');
+  EXPECT_EQ(Parse(TextOf(name)).name.size(), name.size());
+}
+
 // The reader's memory is bounded, but not for what a user could make.
 TEST(PresetText, MayHaveManyChannelsButNoFloodOfValues) {
   std::string channels = R"({"audiochannellayout":[{"channellabel":1})";

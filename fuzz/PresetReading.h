@@ -12,7 +12,12 @@
 // What the targets that read presets require of them.
 namespace preset_reading {
 
-using namespace moxappsupport::presets;
+using moxappsupport::presets::MakePresetCopy;
+using moxappsupport::presets::ParsePresetListText;
+using moxappsupport::presets::ParsePresetText;
+using moxappsupport::presets::Preset;
+using moxappsupport::presets::PresetLess;
+using moxappsupport::presets::PresetToJSON;
 using moxmediaui::AudioChannelLayoutPresetData;
 
 inline void Require(bool condition) {

@@ -11,6 +11,7 @@
 
 #include <gmock/gmock.h>
 
+#include <cmath>
 #include <limits>
 #include <string>
 
@@ -224,6 +225,8 @@ TEST_F(DrawnField, OffsetsOfAnySizeAreHeldToTheirRange) {
     field->SetSymbol(Image(16, 16), false);
     field->SetSymbol(Image(16, 16), true);
     EXPECT_NO_THROW(Draw("DrawImage"));
+    auto const overhang = field->UI_GetDrawOverhang();
+    EXPECT_TRUE(std::isfinite(overhang.left) && std::isfinite(overhang.top));
   }
 }
 

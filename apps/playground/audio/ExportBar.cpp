@@ -7,6 +7,7 @@
 #include "shell/Painting.h"
 
 #include <moxui/scriber/Drawing.h>
+#include <moxui/skins/Look.h>
 
 #include <algorithm>
 
@@ -64,7 +65,7 @@ bool ExportBar::Update() {
   if (sentence != mSentence || runs != mWasRunning) {
     mSentence = sentence;
     mText->SetValue(To16(sentence));
-    mText->UI_SetToolTip(moxcore::Utf8String(sentence), 400);
+    mText->UI_SetToolTip(moxcore::Utf8String(sentence), moxui::skins::GetToolTipDelay());
     mButton->SetTextLabel(runs ? Text16("$$$/playground/progress/cancel=Cancel")
                                : Text16("$$$/playground/audio/dismiss=Dismiss"));
     mBar->SetFraction(runs ? mSession.Exports().Current()->Progress() : 0.0);

@@ -8,6 +8,7 @@
 #include <moxui/scriber/SupplierInterface.h>
 #include <moxui/scriber/SurfaceInterface.h>
 #include <moxui/skins/Design.h>
+#include <moxui/skins/Look.h>
 
 #include <cmath>
 #include <utility>
@@ -17,14 +18,13 @@ namespace {
 
 constexpr float kGlyphExtent = 16.0f;
 constexpr float kStroke = 1.5f;
-constexpr int kToolTipDelay = 400;
 
 }  // namespace
 
 GlyphButton::GlyphButton(std::string const& name, std::string const& toolTip, GlyphStrokes strokes,
                          bool mirrors)
     : mName(name), mStrokes(std::move(strokes)), mMirrors(mirrors) {
-  UI_SetToolTip(moxcore::Utf8String(toolTip), kToolTipDelay);
+  UI_SetToolTip(moxcore::Utf8String(toolTip), moxui::skins::GetToolTipDelay());
   SetWantsKeyboardFocus(true);
 }
 

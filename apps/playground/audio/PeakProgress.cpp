@@ -7,6 +7,7 @@
 #include "shell/Painting.h"
 
 #include <moxaudiotoolkit/peaks/PeakPyramid.h>
+#include <moxui/skins/Look.h>
 
 #include <algorithm>
 #include <cmath>
@@ -92,7 +93,7 @@ bool PeakProgress::Update() {
   if (!(report == mReport)) {
     mReport = report;
     mText->SetValue(To16(mReport.text));
-    mText->UI_SetToolTip(moxcore::Utf8String(mReport.text), 400);
+    mText->UI_SetToolTip(moxcore::Utf8String(mReport.text), moxui::skins::GetToolTipDelay());
     mBar->SetFraction(mReport.fraction.value_or(0.0));
     mBar->UI_Show(mReport.fraction.has_value());
     mButton->SetTextLabel(LabelOf(mReport.action));

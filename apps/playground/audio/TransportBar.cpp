@@ -10,6 +10,7 @@
 #include "timecode/FieldHeight.h"
 
 #include <moxcore/threads/HighPrecisionTime.h>
+#include <moxui/skins/Look.h>
 
 #include <algorithm>
 #include <cmath>
@@ -31,7 +32,6 @@ constexpr float kButtonGap = 4.0f;
 constexpr float kGroupWidth = 5.0f * kButtonWidth + 4.0f * kButtonGap;
 constexpr float kTimeWidth = 96.0f;
 constexpr float kPositionWidth = 96.0f;
-constexpr int kToolTipDelay = 400;
 
 std::int64_t Now() {
   using moxcore::threads::HighPrecisionTime;
@@ -53,7 +53,7 @@ class TransportBar::Button : public UI_PictureButton {
     UI_SetToolTip(
         moxcore::Utf8String(Text(
             "$$$/playground/transport/tip=@0 (@1)#{comment}What a button does, and its key", {name, key})),
-        kToolTipDelay);
+        moxui::skins::GetToolTipDelay());
     UI_TellAccessibleChange(moxui::ui::AccessibleChange::kName);
   }
   moxcore::Utf8String UI_GetAccessibleName() const override { return mName; }
@@ -201,7 +201,7 @@ void TransportBar::ShowButtons() {
   mStop->UI_SetEnabled(mTransport.IsActive());
   std::string const status = StatusText();
   mStatus->SetValue(To16(status));
-  mStatus->UI_SetToolTip(moxcore::Utf8String(status), kToolTipDelay);
+  mStatus->UI_SetToolTip(moxcore::Utf8String(status), moxui::skins::GetToolTipDelay());
 }
 
 void TransportBar::ShowPosition() {

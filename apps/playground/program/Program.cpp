@@ -41,10 +41,19 @@ class Module {
  public:
   explicit Module(moxui::scriber::SupplierInterface const* supplier) {
     moxmediaui::Initialize(supplier);
-    moxcore::config::RunInitializers(kContexts);
+    try {
+      moxcore::config::RunInitializers(kContexts);
+    } catch (...) {
+      moxmediaui::Terminate();
+      throw;
+    }
   }
   ~Module() {
-    moxcore::config::TerminateInitializers(kContexts);
+    try {
+      moxcore::config::TerminateInitializers(kContexts);
+    } catch (std::exception const& error) {
+      Complain(error.what());
+    }
     moxmediaui::Terminate();
   }
   Module(Module const&) = delete;

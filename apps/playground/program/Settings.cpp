@@ -2,6 +2,10 @@
 
 #include "program/NumberText.h"
 
+#include <moxcore/config/Errors.h>
+#include <moxcore/filesupport/FileUtils.h>
+#include <moxcore/filesupport/SafeSave.h>
+
 #include <algorithm>
 #include <cstdlib>
 #include <fstream>
@@ -119,26 +123,18 @@ bool SaveSettings(std::filesystem::path const& path, Settings const& settings) {
   if (path.empty()) {
     return false;
   }
-  std::error_code error;
-  std::filesystem::create_directories(path.parent_path(), error);
-  std::filesystem::path temporary = path;
-  temporary += ".new";
-  {
-    std::ofstream stream(temporary, std::ios::binary | std::ios::trunc);
-    stream << TextFromSettings(settings);
-    stream.close();
-    if (!stream) {
-      std::filesystem::remove(temporary, error);
-      return false;
-    }
-  }
-  std::filesystem::rename(temporary, path, error);
-  if (error) {
-    std::error_code ignored;
-    std::filesystem::remove(temporary, ignored);
+  namespace files = moxcore::filesupport;
+  if (!files::FileUtils::EnsureDirectoryExists(moxcore::Utf8String(path.parent_path().string()))) {
     return false;
   }
-  return true;
+  try {
+    files::SafeSave save(files::File(moxcore::Utf8String(path.string())));
+    files::FileUtils::SimpleWriteStringToFile(save.GetTempFile().FullPath(), TextFromSettings(settings));
+    save.Commit();
+    return true;
+  } catch (moxcore::config::mox_exception const&) {
+    return false;
+  }
 }
 
 }  // namespace playground

@@ -13,6 +13,7 @@
 #include <moxui/controls/UI_StaticText.h>
 #include <moxui/controls/UI_TextButton.h>
 #include <moxui/controls/UI_TextEdit.h>
+#include <moxui/skins/Look.h>
 
 #include <algorithm>
 #include <cmath>
@@ -51,7 +52,7 @@ IntrusivePtr<UI_StaticText> MakeLabel(std::string const& text) {
   label->SetFontIndex(moxui::ui::FontIndex::kSmall);
   label->SetAlignment(Leading());
   label->SetTextTruncation(moxui::controls::TextTruncation::kEnd);
-  label->UI_SetToolTip(moxcore::Utf8String(text), 400);
+  label->UI_SetToolTip(moxcore::Utf8String(text), moxui::skins::GetToolTipDelay());
   return label;
 }
 

@@ -89,7 +89,11 @@ void EventLogView::UI_Draw(moxui::scriber::Scriber* scriber) const {
 
 bool EventLogView::UI_DoPointerEvent(moxui::ui::UI_Node* node, moxui::ui::PointerEvent const& event) {
   if (auto const* const wheel = moxui::ui::WheelEvent::GetWheelEventForPointerEvent(event)) {
-    ScrollBack(static_cast<int>(std::lround(wheel->GetDistance().y / kWheelPixelsPerLine)));
+    // A slow finger sends less than a line at a time.
+    mWheelLines += wheel->GetDistance().y / kWheelPixelsPerLine;
+    float const whole = std::trunc(mWheelLines);
+    mWheelLines -= whole;
+    ScrollBack(static_cast<int>(whole));
     return true;
   }
   return UI_ControlView::UI_DoPointerEvent(node, event);

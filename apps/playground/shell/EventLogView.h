@@ -37,6 +37,7 @@ class EventLogView : public moxui::controls::UI_ControlView {
   moxcore::Utf16String mTitle;
   moxcore::Utf16String mEmptyText;
   int mLinesBack = 0;
+  float mWheelLines = 0.0f;  // moved by the wheel and not scrolled yet, less than one
 };
 
 }  // namespace playground

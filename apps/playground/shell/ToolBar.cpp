@@ -7,6 +7,7 @@
 #include "shell/Painting.h"
 
 #include <moxui/scriber/Drawing.h>
+#include <moxui/skins/Look.h>
 
 #include <algorithm>
 #include <cmath>
@@ -87,7 +88,8 @@ ToolBar::ToolBar(Appearance const& appearance, ChangeFunction change, std::funct
   ChildPushBack(mDirection);
   mOpen = MakeIntrusive<UI_TextButton>(Text16("$$$/playground/open=Open..."));
   mOpen->SetWantsKeyboardFocus(true);
-  mOpen->UI_SetToolTip(moxcore::Utf8String(Text("$$$/playground/open/tip=Open sound files (Ctrl+O)")), 400);
+  mOpen->UI_SetToolTip(moxcore::Utf8String(Text("$$$/playground/open/tip=Open sound files (Ctrl+O)")),
+                       moxui::skins::GetToolTipDelay());
   ChildPushBack(mOpen);
   WhenChanged(*mDirection, this, [](ToolBar& bar) { bar.Changed(); });
   WhenChanged(*mOpen, this, [](ToolBar& bar) { bar.mOpenFiles(); });

@@ -13,6 +13,7 @@
 #include "timecode/TimecodeBench.h"
 
 #include <moxcore/messaging/Station.h>
+#include <moxui/skins/Look.h>
 #include <moxui/ui/PointerEvent.h>
 
 #include <algorithm>
@@ -51,7 +52,6 @@ constexpr float kTop = 12.0f;
 constexpr float kDialTop = kTop + 2.0f * kRowHeight + 12.0f;
 constexpr float kDialSize = 72.0f;
 constexpr float kMessagesTop = kDialTop + kDialSize + 16.0f;
-constexpr int kToolTipDelay = 400;
 
 ImmutableString RadialStation() {
   return ImmutableString::Create("moxmediaui.rc.station");
@@ -126,7 +126,7 @@ PropertyPanel& BenchPane::Panel() const {
 IntrusivePtr<CountedField> BenchPane::MakeField(std::uint32_t identifier, moxcore::Utf8String const& name) {
   auto field = MakeIntrusive<CountedField>();
   field->SetIdentifier(identifier);
-  field->UI_SetToolTip(name, kToolTipDelay);
+  field->UI_SetToolTip(name, moxui::skins::GetToolTipDelay());
   mEar->Hear(field->GetStationID());
   moxcore::messaging::AddWeakPtrListener(RadialStation(), moxcore::messaging::ListenerOwner(field),
                                          field.Get());

@@ -6,6 +6,7 @@
 
 #include <moxmediaui/HotTimecodeControl.h>
 #include <moxui/scriber/Drawing.h>
+#include <moxui/skins/Look.h>
 
 #include <algorithm>
 #include <cmath>
@@ -24,7 +25,6 @@ constexpr float kRowHeight = kTimecodeFieldHeight + kRowGap;
 constexpr float kSmallestRowTitle = 80.0f;
 constexpr float kRowTitleGap = 16.0f;
 constexpr float kTextInset = 2.0f;  // of the text in a field
-constexpr int kToolTipDelay = 400;
 
 float TitleWidth(FieldGridContent const& content) {
   float widest =
@@ -53,7 +53,7 @@ FieldGrid::FieldGrid(FieldGridContent content)
       if (Field const& field = row.fields[column]) {
         std::string const name =
             Text("$$$/playground/timecode/fieldName=@0, @1", {To8(mContent.columns[column]), To8(row.title)});
-        field->UI_SetToolTip(moxcore::Utf8String(name), kToolTipDelay);
+        field->UI_SetToolTip(moxcore::Utf8String(name), moxui::skins::GetToolTipDelay());
         ChildPushBack(field);
       }
     }

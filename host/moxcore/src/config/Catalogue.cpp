@@ -159,10 +159,15 @@ class CatalogueReader {
   void FinishEntry() {
     auto const entry = std::exchange(mEntry, Entry());
     mField = nullptr;
-    if (entry.isBroken || entry.isFuzzy || entry.translation.empty()) {
+    if (entry.isBroken || entry.translation.empty()) {
       return;
     }
-    if (entry.id.empty() && entry.context.empty()) {
+    // Tools mark the header of a new file as fuzzy: its language counts all the same.
+    bool const isHeader = entry.id.empty() && entry.context.empty();
+    if (entry.isFuzzy && !isHeader) {
+      return;
+    }
+    if (isHeader) {
       mResult.language = HeaderField(entry.translation, "Language:");
       return;
     }

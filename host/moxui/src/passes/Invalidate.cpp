@@ -41,18 +41,23 @@ void JoinCheapestPair(std::vector<RectT<float>>& damage) {
   damage.erase(damage.begin() + static_cast<std::ptrdiff_t>(second));
 }
 
-/// Joins rectangles until no two of them meet.
-void JoinMeeting(std::vector<RectT<float>>& damage) {
+/// Joins two rectangles that meet; false if none do.
+bool JoinTwo(std::vector<RectT<float>>& damage) {
   for (std::size_t a = 0; a < damage.size(); ++a) {
-    for (std::size_t b = a + 1; b < damage.size();) {
+    for (std::size_t b = a + 1; b < damage.size(); ++b) {
       if (damage[a].Intersects(damage[b])) {
         damage[a] = damage[a].Union(damage[b]);
         damage.erase(damage.begin() + static_cast<std::ptrdiff_t>(b));
-        b = a + 1;
-      } else {
-        ++b;
+        return true;
       }
     }
+  }
+  return false;
+}
+
+/// Joins rectangles until no two of them meet; what two came to may meet a third.
+void JoinMeeting(std::vector<RectT<float>>& damage) {
+  while (JoinTwo(damage)) {
   }
 }
 

@@ -155,6 +155,7 @@ TEST(AudioProperties, EachOfThemChangesThePictureWhereItCanBeWorked) {
 TEST(AudioProperties, NothingButItsColourCanBeWorkedWithoutASound) {
   StagedProgram program;
   program.Audio().ShowState(kNoSound);
+  ASSERT_GT(program.Audio().Panel().Rows().size(), 10u);
   for (auto const& row : program.Audio().Panel().Rows()) {
     EXPECT_EQ(row->UI_IsEnabled(), row->GetProperty().id == "control") << row->GetProperty().id;
   }

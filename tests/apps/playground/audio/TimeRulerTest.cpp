@@ -150,7 +150,9 @@ TEST(RulerTicks, StayAtTheirSamplesWhileTheViewScrollsByParts) {
   Viewport view = Showing(1'000'000.0, 1'000'100.0, 1000, 48000LL * 3600);
   for (int i = 0; i < 50; ++i) {
     view.ScrollBy(0.37);
-    for (auto const& tick : RulerTicks(view, 48000, {RulerUnit::kSamples})) {
+    auto const ticks = RulerTicks(view, 48000, {RulerUnit::kSamples});
+    ASSERT_FALSE(ticks.empty());
+    for (auto const& tick : ticks) {
       double const sample = view.SampleAt(tick.column);
       EXPECT_NEAR(sample, std::round(sample), 1e-6);
     }

@@ -357,9 +357,12 @@ TEST(MainView, ChangesThemeInTheMiddleOfADrag) {
   Appearance appearance;
   appearance.theme = ThemeChoice::kLight;
   program.shell.SetAppearance(appearance);
+  auto const selected = program.Session().Selection().Width();
   program.stage.Move({500.0f, 400.0f});
   program.stage.Release({500.0f, 400.0f});
   program.Picture();
+  // The view that was dragged in is gone, and the new one was never pressed.
+  EXPECT_EQ(program.Session().Selection().Width(), selected);
 }
 
 TEST(MainView, EndsInTheMiddleOfADrag) {

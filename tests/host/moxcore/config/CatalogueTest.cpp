@@ -59,6 +59,14 @@ TEST(Catalogue, LeavesOutUntranslatedFuzzyAndObsoleteEntries) {
   EXPECT_TRUE(catalogue.problems.empty());
 }
 
+// As tools write it into a file that nobody has translated yet.
+TEST(Catalogue, TakesTheLanguageOfAHeaderThatIsMarkedFuzzy) {
+  auto const catalogue = ParseCatalogue(
+      "#, fuzzy\nmsgid \"\"\nmsgstr \"Language: fr\\n\"\n\nmsgctxt \"$$$/a/1\"\nmsgid \"x\"\nmsgstr \"y\"\n");
+  EXPECT_EQ(catalogue.language, "fr");
+  EXPECT_EQ(catalogue.texts.size(), 1u);
+}
+
 TEST(Catalogue, TakesTheFirstFormOfAPlural) {
   auto const catalogue = Parse(
       "msgctxt \"$$$/a/b\"\nmsgid \"@0 file\"\nmsgid_plural \"@0 files\"\n"

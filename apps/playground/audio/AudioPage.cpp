@@ -23,6 +23,7 @@
 #include "shell/Painting.h"
 
 #include <moxui/scriber/Drawing.h>
+#include <moxui/skins/Look.h>
 
 #include <algorithm>
 #include <cmath>
@@ -255,7 +256,7 @@ void AudioPage::DocumentChanged() {
   bool const shows = mSession.CurrentIndex() < mSession.Documents().size();
   mSounds->SetValue(shows ? static_cast<std::int64_t>(mSession.CurrentIndex()) : none);
   mSummary->SetValue(To16(mSession.Current().Summary()));
-  mSummary->UI_SetToolTip(moxcore::Utf8String(mSession.Current().Summary()), 400);
+  mSummary->UI_SetToolTip(moxcore::Utf8String(mSession.Current().Summary()), moxui::skins::GetToolTipDelay());
   mPanel->SetGroups(AudioProperties(mSession, CurrentAppearance().theme));
   for (moxui::ui::UI_Node* const aboutSound : std::initializer_list<moxui::ui::UI_Node*>{
            mRuler.Get(), mGutter.Get(), mOverview.Get(), mPlayback.Get()}) {
@@ -355,7 +356,7 @@ void AudioPage::LayOut() {
   mFailure->UI_Show(failed);
   mDismiss->UI_Show(failed);
   mFailure->SetValue(To16(FailureText()));
-  mFailure->UI_SetToolTip(moxcore::Utf8String(FailureText()), 400);
+  mFailure->UI_SetToolTip(moxcore::Utf8String(FailureText()), moxui::skins::GetToolTipDelay());
   place(*mFailure, {kPanelPadding + 8.0f, 40.0f, mainRight - kPanelPadding - kDismissWidth - 16.0f, 24.0f});
   place(*mDismiss, {mainRight - kDismissWidth - 4.0f, 42.0f, kDismissWidth, 20.0f});
 

@@ -5,6 +5,8 @@
 #include "timecode/StationEar.h"
 #include "timecode/StationMessages.h"
 
+#include <moxui/skins/Look.h>
+
 #include <cmath>
 #include <utility>
 
@@ -17,14 +19,12 @@ using moxmediaui::FrameRate;
 using moxmediaui::TickTime;
 using moxmediaui::TimeDisplay;
 
-constexpr int kToolTipDelay = 400;
-
 }  // namespace
 
 PlayheadField::PlayheadField(AudioSession& session, Transport& transport)
     : mSession(session), mTransport(transport) {
   UI_SetToolTip(moxcore::Utf8String(Text("$$$/playground/transport/position=Position of the playhead")),
-                kToolTipDelay);
+                moxui::skins::GetToolTipDelay());
   SetDisplayType(DisplayType::kAudio);
   SetAllowDisplayFormatOverride(true);
   // Held for the time of a message, since a listener may take the field away.

@@ -3,7 +3,9 @@
 #include <sys/syscall.h>
 #include <unistd.h>
 
+#include <condition_variable>
 #include <deque>
+#include <memory>
 #include <mutex>
 #include <utility>
 
@@ -11,16 +13,51 @@ namespace moxcore::threads {
 
 namespace {
 
+struct SharedPoster {
+  MainThreadPoster post;
+  int calls = 0;  // under way, on any thread; guarded by the queue's mutex
+};
+
 struct MainThreadQueue {
   std::mutex mutex;
+  std::condition_variable callEnded;
   std::deque<std::function<void()>> functions;
-  MainThreadPoster poster;
+  std::shared_ptr<SharedPoster> poster;
 };
+
+thread_local int tPosterCalls = 0;
 
 // Never destroyed: objects may still be dropped while statics end.
 MainThreadQueue& Queue() {
   static auto* const queue = new MainThreadQueue;
   return *queue;
+}
+
+// Lets the queue's mutex go: a poster may take locks of its own, at its end too.
+void WakeMainThread(MainThreadQueue& queue, std::unique_lock<std::mutex>& lock) {
+  auto const poster = queue.poster;
+  if (poster) {
+    ++poster->calls;
+    ++tPosterCalls;
+  }
+  lock.unlock();
+  if (!poster) {
+    return;
+  }
+  auto const callHasEnded = [&] {
+    --tPosterCalls;
+    lock.lock();
+    --poster->calls;
+    lock.unlock();
+    queue.callEnded.notify_all();
+  };
+  try {
+    poster->post([] { DrainMainThreadQueue(); });
+  } catch (...) {
+    callHasEnded();
+    throw;
+  }
+  callHasEnded();
 }
 
 }  // namespace
@@ -32,31 +69,25 @@ bool CurrentThreadIsMainThread() noexcept {
 
 void SetMainThreadPoster(MainThreadPoster poster) {
   auto& queue = Queue();
-  MainThreadPoster wake;
-  {
-    std::lock_guard const lock(queue.mutex);
-    queue.poster.swap(poster);
-    if (!queue.functions.empty()) {
-      wake = queue.poster;
-    }
+  auto const next = poster ? std::make_shared<SharedPoster>(std::move(poster)) : nullptr;
+  std::unique_lock lock(queue.mutex);
+  auto const previous = std::exchange(queue.poster, next);
+  if (!queue.functions.empty()) {
+    WakeMainThread(queue, lock);
+    lock.lock();
   }
-  if (wake) {
-    wake([] { DrainMainThreadQueue(); });
+  // From within a call the wait would be for itself.
+  if (previous && tPosterCalls == 0) {
+    queue.callEnded.wait(lock, [&] { return previous->calls == 0; });
   }
+  lock.unlock();  // before the previous poster ends
 }
 
 void PostToMainThread(std::function<void()> function) {
   auto& queue = Queue();
-  MainThreadPoster wake;
-  {
-    std::lock_guard const lock(queue.mutex);
-    queue.functions.push_back(std::move(function));
-    wake = queue.poster;
-  }
-  // Not under the mutex: a poster may take locks of its own.
-  if (wake) {
-    wake([] { DrainMainThreadQueue(); });
-  }
+  std::unique_lock lock(queue.mutex);
+  queue.functions.push_back(std::move(function));
+  WakeMainThread(queue, lock);
 }
 
 int DrainMainThreadQueue() {

@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <atomic>
+#include <chrono>
+#include <future>
 #include <memory>
 #include <string>
 #include <thread>
@@ -109,6 +111,28 @@ TEST(Signal, MayEndWhileItFires) {
   signal->Fire();
   EXPECT_EQ(calls, 1);
   EXPECT_FALSE(second.IsConnected());
+}
+
+TEST(Signal, HoldsNoLockWhileADisconnectedFunctionEnds) {
+  // Asks another thread for the signal's lock when it ends.
+  struct Asking {
+    ~Asking() {
+      auto const answered = std::make_shared<std::promise<void>>();
+      std::thread([asked = other, answered] {
+        asked.IsConnected();
+        answered->set_value();
+      }).detach();
+      *wasFree = answered->get_future().wait_for(std::chrono::seconds(10)) == std::future_status::ready;
+    }
+    Connection other;
+    bool* wasFree;
+  };
+  Changed signal;
+  bool wasFree = false;
+  auto const other = signal.Connect([] {});
+  auto connection = signal.Connect([held = std::shared_ptr<Asking>(new Asking{other, &wasFree})] {});
+  connection.Disconnect();
+  EXPECT_TRUE(wasFree);
 }
 
 TEST(Signal, TakesConnectionsOfOtherThreadsWhileItFires) {

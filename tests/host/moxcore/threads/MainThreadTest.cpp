@@ -3,6 +3,9 @@
 
 #include <gtest/gtest.h>
 
+#include <atomic>
+#include <functional>
+#include <future>
 #include <stdexcept>
 #include <thread>
 #include <vector>
@@ -74,6 +77,42 @@ TEST(MainThread, HandsWhatWasPostedToThePosterThatIsInstalledLater) {
   }
   EXPECT_TRUE(ran);
   EXPECT_EQ(DrainMainThreadQueue(), 0);
+}
+
+TEST(MainThread, WaitsForCallsOfThePosterThatItTakesBack) {
+  std::promise<void> entered;
+  std::promise<void> replaced;
+  std::atomic<bool> hasLeft = false;
+  SetMainThreadPoster([&](std::function<void()> const&) {
+    entered.set_value();
+    replaced.get_future().wait();
+    for (int i = 0; i < 1000; ++i) {
+      std::this_thread::yield();
+    }
+    hasLeft = true;
+  });
+  std::thread posting([] { PostToMainThread([] {}); });
+  entered.get_future().wait();
+
+  // The new one is called at once, for what the other has been told of.
+  SetMainThreadPoster([&](std::function<void()> const&) { replaced.set_value(); });
+
+  EXPECT_TRUE(hasLeft);
+  posting.join();
+  SetMainThreadPoster(nullptr);
+  EXPECT_EQ(DrainMainThreadQueue(), 1);
+}
+
+TEST(MainThread, LetsAPosterTakeItselfBack) {
+  int calls = 0;
+  SetMainThreadPoster([&](std::function<void()> const&) {
+    ++calls;
+    SetMainThreadPoster(nullptr);
+  });
+  PostToMainThread([] {});
+  PostToMainThread([] {});
+  EXPECT_EQ(calls, 1);
+  EXPECT_EQ(DrainMainThreadQueue(), 2);
 }
 
 TEST(DestructOnMainThread, MovesALastReleaseOnAnotherThreadToTheMainThread) {

@@ -60,8 +60,10 @@ class Signal<void(Arguments...), 1> : utility::noncopyable {
     ~ConnectionLinkImpl() override { ConnectionLinkImpl::Disconnect(); }
 
     void Disconnect() override {
+      // Ends after the lock: what it holds may take locks of its own, or wait for who waits for this one.
+      std::shared_ptr<Function> ended;
       std::lock_guard const lock(*mMutex);
-      mCallback.reset();
+      ended.swap(mCallback);
     }
     bool IsConnected() const override { return Callback() != nullptr; }
     bool Block() override { return mBlocked.exchange(true); }

@@ -11,7 +11,8 @@ bool CurrentThreadIsMainThread() noexcept;
 using MainThreadPoster = std::function<void(std::function<void()>)>;
 
 // Tells how to reach the event loop of the main thread; an empty poster takes that back. What was posted
-// before there was a poster is handed over at once.
+// before there was a poster is handed over at once. Calls of the poster before have ended when this returns,
+// unless it is called from within one: what the poster reaches may end then.
 void SetMainThreadPoster(MainThreadPoster poster);
 
 // Runs `function` on the main thread, later, in order of posting. Any thread may call; without a poster the

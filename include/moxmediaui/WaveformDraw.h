@@ -2,7 +2,9 @@
 
 #include <moxmediaui/WaveformDrawBase.h>
 
+#include <cstddef>
 #include <cstdint>
+#include <limits>
 #include <memory>
 #include <tuple>
 #include <vector>
@@ -26,6 +28,24 @@ enum class WaveformScalingStyle : std::int32_t {
 enum class LayeredChannelDrawingStyle : std::int32_t {
   kAllAlike = 0,     ///< all layered channels semi-transparent alike
   kFirstStrong = 1,  ///< the first channel, on top, stays strong; others are fainter
+};
+
+struct SincWeights;
+
+/// The weights by which the points of a curve through samples are interpolated, which all channels share. A
+/// copy begins without any: they are found again.
+class CurveScratch {
+ public:
+  CurveScratch();
+  CurveScratch(CurveScratch const& other);
+  CurveScratch& operator=(CurveScratch const& other);
+  ~CurveScratch();
+
+  /// Of the point of this number, which lies so far behind a sample.
+  SincWeights const& WeightsAt(std::size_t point, float fraction);
+
+ private:
+  std::vector<SincWeights> mWeights;
 };
 
 /// Paints audio. Peak data (a pair of values per pixel column, see WaveformData) is written pixel by pixel
@@ -57,6 +77,14 @@ class WaveformDraw : public WaveformDrawBase {
   void SetWaveformScalingStyle(WaveformScalingStyle style) { mWaveformScalingStyle = style; }
   void SetLayeredChannelDrawingStyle(LayeredChannelDrawingStyle style) {
     mLayeredChannelDrawingStyle = style;
+  }
+
+  /// Of peaks only the columns from `first` up to but not including `end` are painted, counted as the
+  /// rectangle's own: for who keeps what was painted before and knows which columns are others. All of them
+  /// by default. The columns that are painted are the same as when all are.
+  void SetPaintedColumns(int first, int end) {
+    mFirstPainted = first;
+    mEndPainted = end;
   }
 
  private:
@@ -94,7 +122,10 @@ class WaveformDraw : public WaveformDrawBase {
   PeakDataDrawStyle mPeakDataDrawStyle = PeakDataDrawStyle::kBipolar;
   WaveformScalingStyle mWaveformScalingStyle = WaveformScalingStyle::kLinear;
   mutable std::vector<float> mOversampleBuffer;
+  mutable CurveScratch mCurveScratch;
   LayeredChannelDrawingStyle mLayeredChannelDrawingStyle = LayeredChannelDrawingStyle::kAllAlike;
+  int mFirstPainted = std::numeric_limits<int>::min();
+  int mEndPainted = std::numeric_limits<int>::max();
 };
 
 }  // namespace moxmediaui

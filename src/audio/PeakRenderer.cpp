@@ -5,6 +5,7 @@
 #include "PeakPicture.h"
 #include "PixelBuffer.h"
 #include "PixelColor.h"
+#include "SaturatingConversion.h"
 
 #include <moxmediaui/Module.h>
 #include <moxmediaui/WaveformDraw.h>
@@ -15,6 +16,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <utility>
 
 namespace moxmediaui {
 
@@ -179,28 +181,33 @@ bool WaveformDraw::DrawWaveformAsPeaks(Scriber* scriber, WaveformDataProperties 
       wantedHeight > kLongestImageSide) {
     return false;
   }
+  SurfaceInterface* const surface = scriber->GetSurface();
+  int const end = SaturateToInt(std::int64_t{firstColumn} + columnCount);
+  int const first = std::clamp(mFirstPainted, firstColumn, end);
+  int const width = std::clamp(mEndPainted, first, end) - first;
+  if (width < 1) {
+    return true;
+  }
   int const imageHeight = static_cast<int>(wantedHeight);
-  PixelBuffer buffer(columnCount, imageHeight);
+  PixelBuffer buffer(width, imageHeight);
   int const step = GetColumnsAtATime(imageHeight);
-  for (int x = 0; x < columnCount; x += step) {
-    PeakPicture const picture{buffer.Pixels() + x, std::min(step, columnCount - x), imageHeight, columnCount};
-    PaintPeakPicture(picture, properties, data, firstColumn + x, selected, gain, channelHeight, stride,
-                     centre);
+  for (int x = 0; x < width; x += step) {
+    PeakPicture const picture{buffer.Pixels() + x, std::min(step, width - x), imageHeight, width};
+    PaintPeakPicture(picture, properties, data, first + x, selected, gain, channelHeight, stride, centre);
   }
 
   std::uint32_t* const pixels = buffer.Pixels();
   auto deleter = buffer.Release();
   BufferImageP const image = scriber->GetSupplier()->NewImage(
-      columnCount, imageHeight, columnCount * 4, static_cast<moxui::scriber::PixelFormat>(GetImageFormat()),
-      pixels, std::move(deleter));
-  SurfaceInterface* const surface = scriber->GetSurface();
+      width, imageHeight, width * 4, static_cast<moxui::scriber::PixelFormat>(GetImageFormat()), pixels,
+      std::move(deleter));
   utility::SetBlendModeToCopy(surface, true);
   bool const atTop = GetVerticalChannelAlignment() == VerticalChannelAlignment::kTop;
   // The image's place doesn't add the rectangle's own: the first column holds its left already.
-  surface->DrawImage(*image,
-                     PointT<float>{static_cast<float>(firstColumn),
-                                   static_cast<float>(atTop ? 0 : rect.height - imageHeight)},
-                     1.0f);
+  surface->DrawImage(
+      *image,
+      PointT<float>{static_cast<float>(first), static_cast<float>(atTop ? 0 : rect.height - imageHeight)},
+      1.0f);
   utility::SetBlendModeToCopy(surface, false);
   return true;
 }

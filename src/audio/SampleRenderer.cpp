@@ -1,4 +1,5 @@
 // How WaveformDraw paints samples: a layer per channel with a curve through them, and dots on them.
+#include "Interpolation.h"
 #include "LayerOpacity.h"
 #include "SampleWindow.h"
 #include "SaturatingConversion.h"
@@ -42,6 +43,24 @@ DotLook GetDotLook(float pixelsPerSample) {
 }
 
 }  // namespace
+
+CurveScratch::CurveScratch() = default;
+CurveScratch::CurveScratch(CurveScratch const& /*other*/) {}
+CurveScratch& CurveScratch::operator=(CurveScratch const& /*other*/) {
+  return *this;
+}
+CurveScratch::~CurveScratch() = default;
+
+SincWeights const& CurveScratch::WeightsAt(std::size_t point, float fraction) {
+  if (point >= mWeights.size()) {
+    mWeights.resize(point + 1);
+  }
+  SincWeights& weights = mWeights[point];
+  if (weights.fraction != fraction) {
+    weights = FindSincWeights(fraction);
+  }
+  return weights;
+}
 
 bool WaveformDraw::DrawWaveformAsSamples(Scriber* scriber, WaveformDataProperties const& properties,
                                          RectT<int> const& rect, float const* data, int firstColumn,
@@ -120,8 +139,9 @@ void WaveformDraw::DrawSamples(Scriber* scriber, bool selected, int channel, flo
       // except when it has moved on by exactly its own length.
       remembered = SaturatingSum(start, kInterpolationTaps);
     }
-    auto const interpolated = static_cast<float>(
-        GetInterp(kInterpolationTaps, position - floorOfPosition, mOversampleBuffer.data()));
+    SincWeights const& weights =
+        mCurveScratch.WeightsAt(static_cast<std::size_t>(i), static_cast<float>(position - floorOfPosition));
+    float const interpolated = InterpolateWithSinc(weights, mOversampleBuffer.data());
     float const value = ScaledValue(interpolated, mWaveformScalingStyle);
     PointT<float> const point{x - regionLeft, centre - value * centre * zoom - regionTop};
     if (i == 0) {

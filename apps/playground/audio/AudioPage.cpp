@@ -389,8 +389,11 @@ void AudioPage::UI_ScaleChanged(float scale) {
 }
 
 void AudioPage::ShowReadOut() {
-  mReadOut->SetValue(To16(AudioReadOut(mSession, mHoveredColumn, [this](std::size_t channel, int column) {
+  auto const level = [this](std::size_t channel, int column) {
     return ShownLevel{mWaveform->AmplitudeAt(channel, column), mWaveform->RmsAt(channel, column)};
+  };
+  mReadOut->SetValue(To16(AudioReadOut(mSession, mHoveredColumn, level, [this](std::string const& line) {
+    return LabelWidth(To16(line), FontIndex::kText) <= mReadOut->UI_GetLocalRectF(false).width;
   })));
 }
 

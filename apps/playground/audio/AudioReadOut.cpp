@@ -51,23 +51,34 @@ std::string SelectionText(AudioSession const& session) {
 }
 
 std::string AudioReadOut(AudioSession const& session, std::optional<int> column,
-                         std::function<ShownLevel(std::size_t channel, int column)> const& level) {
+                         std::function<ShownLevel(std::size_t channel, int column)> const& level,
+                         std::function<bool(std::string const& line)> const& fits) {
   int const rate = session.Current().SampleRate();
   if (rate == 0 || !column) {
     return SelectionText(session);
   }
   double const sample = std::floor(session.View().SampleAt(*column));
-  std::string text = Text("$$$/playground/audio/pointerAt=@0, sample @1",
-                          {TimeText(sample / rate, ResolutionOf(session, rate)),
-                           std::to_string(static_cast<std::int64_t>(sample))});
+  std::string const time = TimeText(sample / rate, ResolutionOf(session, rate));
+  std::string const place = Text("$$$/playground/audio/pointerAt=@0, sample @1",
+                                 {time, std::to_string(static_cast<std::int64_t>(sample))});
   std::size_t const channels = session.Current().ChannelCount();
-  text += "    " + Text("$$$/playground/audio/levelsAt=Amplitude | RMS in dB:");
+  std::string both;
+  std::string amplitudes;
   for (std::size_t channel = 0; channel < std::min(channels, kMostLevels); ++channel) {
     ShownLevel const shown = level(channel, *column);
-    text += "   " + ShortChannelName(channel, channels) + " " + DecibelNumber(shown.amplitude) + " | " +
-            DecibelNumber(shown.rms);
+    std::string const amplitude =
+        "   " + ShortChannelName(channel, channels) + " " + DecibelNumber(shown.amplitude);
+    both += amplitude + " | " + DecibelNumber(shown.rms);
+    amplitudes += amplitude;
   }
-  return text;
+  std::string const ofBoth = "    " + Text("$$$/playground/audio/levelsAt=Amplitude | RMS in dB:");
+  std::string const ofAmplitudes = "    " + Text("$$$/playground/audio/amplitudesAt=Amplitude in dB:");
+  std::string const unit = " dB";
+  std::array<std::string, 5> const lines{place + ofBoth + both, place + " " + both + unit,
+                                         time + " " + both + unit, time + ofAmplitudes + amplitudes,
+                                         time + " " + amplitudes + unit};
+  auto const line = std::ranges::find_if(lines, fits);
+  return line == lines.end() ? place : *line;
 }
 
 }  // namespace playground

@@ -22,7 +22,9 @@ struct ShownLevel {
 std::string DecibelNumber(double amplitude);
 
 // The line below the waveform: time, sample and each channel's level under the pointer, else the selection.
+// Where it doesn't fit it is told in fewer words, then without what matters least.
 std::string AudioReadOut(AudioSession const& session, std::optional<int> column,
-                         std::function<ShownLevel(std::size_t channel, int column)> const& level);
+                         std::function<ShownLevel(std::size_t channel, int column)> const& level,
+                         std::function<bool(std::string const& line)> const& fits);
 
 }  // namespace playground

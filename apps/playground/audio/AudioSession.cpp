@@ -74,8 +74,18 @@ void AudioSession::OpenFiles(std::vector<std::string> const& paths) {
   Tell(SessionChange::kFailures | SessionChange::kPeaks);
 }
 
-void AudioSession::AddDocument(AudioDocument document) {
+// Another document; no sound goes on being shown where none is.
+void AudioSession::Join(AudioDocument document) {
+  bool const showsNone = mCurrent == mDocuments.size();
   mDocuments.push_back(std::move(document));
+  if (showsNone) {
+    mPlaces.erase(mCurrent);
+    mCurrent = mDocuments.size();
+  }
+}
+
+void AudioSession::AddDocument(AudioDocument document) {
+  Join(std::move(document));
   ShowDocument(mDocuments.size() - 1);
 }
 
@@ -86,7 +96,7 @@ SessionChanges AudioSession::TakeOpened() {
     AudioDocument& next = mOpening.front();
     next.Refresh();
     if (next.ChannelCount() > 0) {
-      mDocuments.push_back(std::move(next));
+      Join(std::move(next));
       if (std::exchange(mShowsNextOpened, false)) {
         Begin(mDocuments.size() - 1);
       }

@@ -124,6 +124,7 @@ class AudioSession {
  private:
   void Tell(SessionChanges changes);
   void Begin(std::size_t index);
+  void Join(AudioDocument document);
   SessionChanges TakeOpened();
   void ForgetGivenUp();
   void TakeNews();

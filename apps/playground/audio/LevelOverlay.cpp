@@ -1,17 +1,15 @@
 #include "audio/LevelOverlay.h"
 
-#include "audio/ChannelStrips.h"
 #include "audio/WaveformSettings.h"
 #include "program/HexColor.h"
 
 #include <moxmediaui/WaveformDraw.h>
-#include <moxui/scriber/ImageInterface.h>
 #include <moxui/scriber/RasterSupplier.h>
 #include <moxui/scriber/Scriber.h>
-#include <moxui/scriber/SupplierInterface.h>
 #include <moxui/scriber/SurfaceInterface.h>
 
 #include <algorithm>
+#include <cmath>
 #include <cstddef>
 #include <cstdint>
 #include <utility>
@@ -31,19 +29,6 @@ constexpr float kMarkHeight = 3.0f;
 constexpr float kMarkGap = 1.0f;
 constexpr int kLeastMarkWidth = 2;
 constexpr float kVeilShare = 0.7f;
-
-// Plus and minus the RMS of each column, as far as its peaks reach.
-std::shared_ptr<waveform::WaveformData> RmsPairs(waveform::WaveformData const& peaks,
-                                                 waveform::ColumnLevels const& levels) {
-  std::vector<float> pairs = peaks.GetWaveformBuffer();
-  for (std::size_t i = 0; i < levels.rms.size(); ++i) {
-    float const maximum = pairs[2 * i];
-    float const minimum = pairs[2 * i + 1];
-    pairs[2 * i] = std::clamp(levels.rms[i], minimum, maximum);
-    pairs[2 * i + 1] = std::clamp(-levels.rms[i], minimum, maximum);
-  }
-  return std::make_shared<waveform::WaveformData>(peaks.GetProperties(), std::move(pairs));
-}
 
 // Draws nothing but waves, in the tones of RMS, on a ground of its own.
 moxmediaui::WaveformDraw RmsDraw(moxmediaui::WaveformDraw const& like, ColorRGBA const& ground) {
@@ -70,16 +55,15 @@ moxmediaui::WaveformDraw RmsDraw(moxmediaui::WaveformDraw const& like, ColorRGBA
 
 using PixelRows = std::vector<std::uint32_t>;
 
-void PaintRms(DrawnWaveform const& drawn, std::shared_ptr<waveform::WaveformData> const& pairs,
-              ColorRGBA const& ground, PixelRows& pixels) {
-  pixels.resize(static_cast<std::size_t>(drawn.columns) * static_cast<std::size_t>(drawn.rows));
-  auto const surface = moxui::scriber::NewRasterSurfaceOver(pixels.data(), drawn.columns, drawn.rows,
-                                                            drawn.columns * 4, 1.0f, true);
+void PaintRms(DrawnWaveform const& drawn, ColumnSpan columns, ColorRGBA const& ground, PixelRows& pixels) {
+  auto const count = static_cast<int>(columns.last - columns.first);
+  pixels.resize(static_cast<std::size_t>(count) * static_cast<std::size_t>(drawn.rows));
+  auto const surface =
+      moxui::scriber::NewRasterSurfaceOver(pixels.data(), count, drawn.rows, count * 4, 1.0f, true);
   if (surface) {
-    RectT<int> const rect{0, 0, drawn.columns, drawn.rows};
-    surface->FillRect(RectT<float>(rect), ground);
+    surface->Translate({static_cast<float>(-columns.first), 0.0f});
     moxui::scriber::Scriber scriber(moxui::scriber::GetRasterSupplier(), surface.Get());
-    RmsDraw(drawn.draw, ground).Draw(&scriber, pairs, rect, drawn.scale);
+    RmsDraw(drawn.draw, ground).Draw(&scriber, drawn.rms, {0, 0, drawn.columns, drawn.rows}, drawn.scale);
   }
 }
 
@@ -95,32 +79,43 @@ ColorRGBA ClipColorOn(ColorRGBA const& ground) {
   return ContrastOf(bright, ground) >= ContrastOf(deep, ground) ? bright : deep;
 }
 
-void DrawRms(moxui::scriber::Scriber& scriber, DrawnWaveform const& drawn, RmsPixels& pixels) {
-  if (drawn.data.GetType() != waveform::WaveformDataType::kPeaks || drawn.settings.layered ||
-      drawn.levels.rms.size() * 2 != drawn.data.GetWaveformBuffer().size()) {
+std::shared_ptr<waveform::WaveformData> RmsPairs(WaveformSettings const& settings,
+                                                 waveform::WaveformData const& peaks,
+                                                 waveform::ColumnLevels const& levels) {
+  if (peaks.GetType() != waveform::WaveformDataType::kPeaks || settings.layered || !settings.rms ||
+      levels.rms.size() * 2 != peaks.GetWaveformBuffer().size()) {
+    return nullptr;
+  }
+  std::vector<float> pairs = peaks.GetWaveformBuffer();
+  for (std::size_t i = 0; i < levels.rms.size(); ++i) {
+    float const maximum = pairs[2 * i];
+    float const minimum = pairs[2 * i + 1];
+    pairs[2 * i] = std::clamp(levels.rms[i], minimum, maximum);
+    pairs[2 * i + 1] = std::clamp(-levels.rms[i], minimum, maximum);
+  }
+  return std::make_shared<waveform::WaveformData>(peaks.GetProperties(), std::move(pairs));
+}
+
+void MergeRms(WaveformPicture::Piece const& piece, DrawnWaveform const& drawn, RmsPixels& pixels) {
+  if (!drawn.rms) {
     return;
   }
   // What looks the same on black and on white is all RMS: no ground, and no edge that lets it through.
-  auto const pairs = RmsPairs(drawn.data, drawn.levels);
-  // An image that somebody keeps keeps its pixels.
-  if (!pixels.shown || pixels.shown.use_count() > 1) {
-    pixels.shown = std::make_shared<PixelRows>();
-  }
-  PaintRms(drawn, pairs, {0.0f, 0.0f, 0.0f, 1.0f}, *pixels.shown);
-  PaintRms(drawn, pairs, {1.0f, 1.0f, 1.0f, 1.0f}, pixels.onWhite);
-  std::transform(
-      pixels.shown->begin(), pixels.shown->end(), pixels.onWhite.begin(), pixels.shown->begin(),
-      [](std::uint32_t onBlack, std::uint32_t onWhite) { return onBlack == onWhite ? onBlack : 0u; });
-  auto const image = scriber.GetSupplier()->NewImage(drawn.columns, drawn.rows, drawn.columns * 4,
-                                                     moxui::scriber::PixelFormat::kBGRA32Straight,
-                                                     pixels.shown->data(), [kept = pixels.shown](void*) {});
-  if (image) {
-    scriber.GetSurface()->DrawImage(*image, moxui::PointT<float>{0.0f, 0.0f}, 1.0f);
+  PaintRms(drawn, piece.columns, {0.0f, 0.0f, 0.0f, 1.0f}, pixels.onBlack);
+  PaintRms(drawn, piece.columns, {1.0f, 1.0f, 1.0f, 1.0f}, pixels.onWhite);
+  std::int64_t const count = piece.columns.last - piece.columns.first;
+  for (std::int64_t row = 0; row < drawn.rows; ++row) {
+    std::uint32_t const* const onBlack = pixels.onBlack.data() + row * count;
+    std::uint32_t const* const onWhite = pixels.onWhite.data() + row * count;
+    std::uint32_t* const shown = piece.pixels + row * piece.pixelsPerRow;
+    for (std::int64_t x = 0; x < count; ++x) {
+      shown[x] = onBlack[x] == onWhite[x] ? onBlack[x] : shown[x];
+    }
   }
 }
 
-void DrawClipMarks(moxui::scriber::Scriber& scriber, DrawnWaveform const& drawn,
-                   ChannelStrips const& strips) {
+void DrawClipMarks(moxui::scriber::Scriber& scriber, DrawnWaveform const& drawn) {
+  ChannelStrips const& strips = *drawn.strips;
   ColorRGBA const ground = drawn.draw.GetBackgroundColor();
   ColorRGBA const red = ClipColorOn(ground);
   std::size_t const channels = drawn.levels.slots == 0 ? 0 : drawn.levels.clipped.size() / drawn.levels.slots;
@@ -147,17 +142,18 @@ void DrawClipMarks(moxui::scriber::Scriber& scriber, DrawnWaveform const& drawn,
   }
 }
 
-void DrawUnread(moxui::scriber::Scriber& scriber, DrawnWaveform const& drawn) {
-  ColorRGBA const veil = drawn.draw.GetBackgroundColor().WithAlpha(kVeilShare);
+void DrawUnread(moxui::scriber::Scriber& scriber, waveform::ColumnLevels const& levels,
+                ColorRGBA const& ground, int columns, int rows) {
+  ColorRGBA const veil = ground.WithAlpha(kVeilShare);
   // A page of peaks holds all channels: the first tells of them all.
-  auto const begin = drawn.levels.known.begin();
-  auto const end = begin + static_cast<std::ptrdiff_t>(
-                               std::min(drawn.levels.slots, static_cast<std::size_t>(drawn.columns)));
+  auto const begin = levels.known.begin();
+  auto const end =
+      begin + static_cast<std::ptrdiff_t>(std::min(levels.slots, static_cast<std::size_t>(columns)));
   for (auto first = std::find(begin, end, 0); first != end;) {
     auto const last = std::find(first, end, 1);
-    scriber.GetSurface()->FillRect({static_cast<float>(first - begin), 0.0f, static_cast<float>(last - first),
-                                    static_cast<float>(drawn.rows)},
-                                   veil);
+    scriber.GetSurface()->FillRect(
+        {static_cast<float>(first - begin), 0.0f, static_cast<float>(last - first), static_cast<float>(rows)},
+        veil);
     first = std::find(last, end, 0);
   }
 }

@@ -1,10 +1,14 @@
 #pragma once
 
+#include "audio/ChannelStrips.h"
+#include "audio/WaveformPicture.h"
+
 #include <moxaudiotoolkit/waveform/QueryPyramid.h>
 #include <moxui/geometry/ColorRGBA.h>
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <vector>
 
 namespace moxmediaui {
@@ -16,14 +20,12 @@ class Scriber;
 
 namespace playground {
 
-struct ChannelStrips;
-struct WaveformPalette;
 struct WaveformSettings;
 
 // Pixels to paint RMS on, kept from one frame to the next: fresh memory for them would take longer than the
 // painting.
 struct RmsPixels {
-  std::shared_ptr<std::vector<std::uint32_t>> shown;
+  std::vector<std::uint32_t> onBlack;
   std::vector<std::uint32_t> onWhite;
 };
 
@@ -31,25 +33,34 @@ struct RmsPixels {
 struct DrawnWaveform {
   moxmediaui::WaveformDraw const& draw;
   WaveformSettings const& settings;
-  WaveformPalette const& palette;
-  moxaudiotoolkit::waveform::WaveformData const& data;
-  moxaudiotoolkit::waveform::ColumnLevels const& levels;  // of the same columns
+  std::shared_ptr<moxaudiotoolkit::waveform::WaveformData> data;
+  moxaudiotoolkit::waveform::ColumnLevels const& levels;  // of the same columns; none where none are shown
+  std::shared_ptr<moxaudiotoolkit::waveform::WaveformData> rms;  // of RmsPairs
   int columns = 0;
   int rows = 0;
   float scale = 1.0f;
+  bool isGrowing = false;                    // not all of it has been read
+  std::optional<ChannelStrips> strips = {};  // nothing where the channels don't fit
+  int end = 0;                               // the first column behind the end of the sound
 };
 
+// Plus and minus the RMS of each column, as far as its peaks reach. Null where single samples are drawn, or
+// channels in layers: there is none then.
+std::shared_ptr<moxaudiotoolkit::waveform::WaveformData> RmsPairs(
+    WaveformSettings const& settings, moxaudiotoolkit::waveform::WaveformData const& peaks,
+    moxaudiotoolkit::waveform::ColumnLevels const& levels);
+
 // The RMS of each column within its peaks, in a tone between the wave's and the ground's. Everything that
-// becomes of the peaks (zoom, gain, fade, style, selection) becomes of it. Where single samples are drawn, or
-// channels in layers, there is none.
-void DrawRms(moxui::scriber::Scriber& scriber, DrawnWaveform const& waveform, RmsPixels& pixels);
+// becomes of the peaks (zoom, gain, fade, style, selection) becomes of it.
+void MergeRms(WaveformPicture::Piece const& piece, DrawnWaveform const& waveform, RmsPixels& pixels);
 
 // A mark at the top of its strip for each column in which a channel clips.
-void DrawClipMarks(moxui::scriber::Scriber& scriber, DrawnWaveform const& waveform,
-                   ChannelStrips const& strips);
+void DrawClipMarks(moxui::scriber::Scriber& scriber, DrawnWaveform const& waveform);
 
-// A veil over the columns that have not been read yet, which would pass for silence without it.
-void DrawUnread(moxui::scriber::Scriber& scriber, DrawnWaveform const& waveform);
+// A veil in the ground's colour over the columns that have not been read yet, which would pass for silence
+// without it: of the first `columns` columns, `rows` high.
+void DrawUnread(moxui::scriber::Scriber& scriber, moxaudiotoolkit::waveform::ColumnLevels const& levels,
+                moxui::ColorRGBA const& ground, int columns, int rows);
 
 // The red of a clip mark on a ground: the one that stands out more.
 moxui::ColorRGBA ClipColorOn(moxui::ColorRGBA const& ground);

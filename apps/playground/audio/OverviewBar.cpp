@@ -1,6 +1,7 @@
 #include "audio/OverviewBar.h"
 
 #include "audio/AudioSession.h"
+#include "audio/LevelOverlay.h"
 #include "audio/TimeRuler.h"
 #include "audio/ViewDrag.h"
 #include "program/AppearanceState.h"
@@ -103,6 +104,9 @@ void OverviewBar::DrawSound(moxui::scriber::Scriber& scriber, moxui::ColorRGBA c
     mData = moxaudiotoolkit::waveform::QueryWaveform(
         *pyramid, nullptr, 0.0, samplesPerPixel, columns,
         {.detail = moxaudiotoolkit::waveform::WaveformDetail::kPeaks});
+    mLevels = pages == pyramid->GetPageCount() ? moxaudiotoolkit::waveform::ColumnLevels()
+                                               : moxaudiotoolkit::waveform::QueryColumnLevels(
+                                                     *pyramid, nullptr, 0.0, samplesPerPixel, columns);
   }
   moxmediaui::WaveformDraw draw;
   draw.SetBackgroundColor(ground);
@@ -111,6 +115,7 @@ void OverviewBar::DrawSound(moxui::scriber::Scriber& scriber, moxui::ColorRGBA c
   draw.SetDrawCenterlines(false);
   draw.SetViewRange(0.0, samplesPerPixel);
   draw.Draw(&scriber, mData, {0, 0, columns, rows}, scale);
+  DrawUnread(scriber, mLevels, ground, columns, rows);
 }
 
 void OverviewBar::DrawFocus(moxui::scriber::Scriber* scriber) const {

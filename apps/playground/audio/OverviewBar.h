@@ -1,5 +1,6 @@
 #pragma once
 
+#include <moxaudiotoolkit/waveform/QueryPyramid.h>
 #include <moxui/geometry/ColorRGBA.h>
 #include <moxui/ui/UI_Node.h>
 
@@ -50,6 +51,7 @@ class OverviewBar : public moxui::ui::UI_Node {
   mutable std::shared_ptr<moxaudiotoolkit::PeakPyramid const> mDrawnPeaks;
   mutable std::int64_t mDrawnPages = 0;
   mutable std::shared_ptr<moxaudiotoolkit::waveform::WaveformData> mData;
+  mutable moxaudiotoolkit::waveform::ColumnLevels mLevels;  // of the data's columns; none once all is read
   mutable int mDrawnWidth = 0;
   bool mIsDragged = false;
   std::unique_ptr<ViewDrag> mStep;  // of the drag

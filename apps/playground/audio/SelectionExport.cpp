@@ -1,5 +1,6 @@
 #include "audio/SelectionExport.h"
 
+#include <moxaudiotoolkit/AudioFileError.h>
 #include <moxaudiotoolkit/WaveFileWriter.h>
 #include <moxaudiotoolkit/peaks/PeakDataFile.h>
 #include <moxaudiotoolkit/peaks/PeakPyramid.h>
@@ -14,6 +15,7 @@ namespace {
 
 constexpr std::size_t kBlockFloats = std::size_t{1} << 17;  // read at a time
 constexpr std::int64_t kSamplesPerPair = 256;               // at least
+constexpr double kShareOfMaking = 0.8;                      // of the work, before peaks are written
 
 // The channels asked for, frame by frame.
 void Pick(std::span<float const> frames, std::size_t channelCount, std::vector<std::size_t> const& channels,
@@ -66,9 +68,19 @@ FileExport::Work ExportOfPeaks(std::shared_ptr<moxaudiotoolkit::PeakPyramid cons
   return [pyramid = std::move(pyramid), path = std::move(path), has8Bits](FileExport::Report const& report) {
     std::int64_t const point = pyramid->GetFormat().samplesPerPoint;
     std::int64_t const pair = (kSamplesPerPair + point - 1) / point * point;
-    auto const data = moxaudiotoolkit::MakePeakData(
-        *pyramid, {.samplesPerPixel = static_cast<int>(pair), .has8Bits = has8Bits});
-    if (!report(0.5)) {
+    moxaudiotoolkit::PeakData data;
+    try {
+      data = moxaudiotoolkit::MakePeakData(
+          *pyramid, {.samplesPerPixel = static_cast<int>(pair),
+                     .has8Bits = has8Bits,
+                     .report = [&report](double done) { return report(done * kShareOfMaking); }});
+    } catch (moxaudiotoolkit::AudioFileError const& error) {
+      if (error.GetFault() == moxaudiotoolkit::AudioFileFault::kCancelled) {
+        return false;
+      }
+      throw;
+    }
+    if (!report(kShareOfMaking)) {
       return false;
     }
     moxaudiotoolkit::WritePeakData(path, data);

@@ -110,14 +110,15 @@ class Ticks {
   }
 
   double ColumnOf(std::int64_t index) const {
-    std::int64_t const units = index * mStep.amount;
-    std::int64_t const rest = units % mStep.perSecond * mRate;
-    std::int64_t const samples = units / mStep.perSecond * mRate + rest / mStep.perSecond;
-    double const fraction =
-        static_cast<double>(rest % mStep.perSecond) / static_cast<double>(mStep.perSecond);
-    double const fromLeft = static_cast<double>(samples - mWholeLeft) -
-                            (mView.Left() - static_cast<double>(mWholeLeft)) + fraction;
+    Place const place = PlaceOf(index);
+    double const fromLeft = static_cast<double>(place.samples - mWholeLeft) -
+                            (mView.Left() - static_cast<double>(mWholeLeft)) + place.fraction;
     return fromLeft / mView.SamplesPerPixel();
+  }
+
+  double SampleOf(std::int64_t index) const {
+    Place const place = PlaceOf(index);
+    return static_cast<double>(place.samples) + place.fraction;
   }
 
   bool HasLabel(std::int64_t index) const { return index % mStep.parts == 0; }
@@ -131,6 +132,18 @@ class Ticks {
   }
 
  private:
+  struct Place {
+    std::int64_t samples;
+    double fraction;
+  };
+
+  Place PlaceOf(std::int64_t index) const {
+    std::int64_t const units = index * mStep.amount;
+    std::int64_t const rest = units % mStep.perSecond * mRate;
+    return {units / mStep.perSecond * mRate + rest / mStep.perSecond,
+            static_cast<double>(rest % mStep.perSecond) / static_cast<double>(mStep.perSecond)};
+  }
+
   Viewport const& mView;
   RulerUnit mUnit;
   std::int64_t mRate;
@@ -201,7 +214,8 @@ std::vector<RulerTick> RulerTicks(Viewport const& view, int sampleRate, RulerSty
       return ticks;
     }
     if (column >= -kRounding) {
-      ticks.push_back({column, fitting.HasLabel(index) ? fitting.LabelOf(index) : std::string()});
+      ticks.push_back({column, fitting.HasLabel(index) ? fitting.LabelOf(index) : std::string(),
+                       fitting.SampleOf(index)});
     }
   }
 }

@@ -20,6 +20,7 @@ struct RulerStyle {
 struct RulerTick {
   double column = 0.0;  // where it stands, in columns of the view
   std::string label;    // empty for the small ticks between two labels
+  double sample = 0.0;  // of the sound
 };
 
 // The ticks of a ruler above the view: labels at round times or sample numbers, as close as is easy to read

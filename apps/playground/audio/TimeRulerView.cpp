@@ -48,7 +48,7 @@ void TimeRulerView::UI_Draw(moxui::scriber::Scriber* scriber) const {
   float const columnsPerPixel = static_cast<float>(view.Width()) / own.width;
   RulerStyle const style{mSession.Settings().rulerUnit, static_cast<double>(columnsPerPixel)};
   for (RulerTick const& tick : RulerTicks(view, rate, style)) {
-    float const x = static_cast<float>(std::floor(tick.column)) / columnsPerPixel;
+    float const x = static_cast<float>(view.PixelOf(tick.sample)) / columnsPerPixel;
     bool const labelled = !tick.label.empty();
     float const height = labelled ? own.height : kTickHeight;
     moxui::utils::DrawRect(scriber, {x, own.height - height, 1.0f / columnsPerPixel, height},

@@ -213,8 +213,8 @@ void TransportBar::ShowPosition() {
     FollowPlayhead(position);
   }
   Viewport const& view = mSession.View();
-  double const column = std::floor(view.ColumnOf(position));
-  bool const shows = mTransport.IsActive() && column >= 0.0 && column < view.Width();
+  std::int64_t const column = view.PixelOf(position);
+  bool const shows = mTransport.IsActive() && column >= 0 && column < view.Width();
   mLine->SetColumn(shows ? std::optional(static_cast<int>(column)) : std::nullopt);
 }
 

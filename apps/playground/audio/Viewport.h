@@ -23,6 +23,12 @@ class Viewport {
   double SampleAt(double column) const { return mLeft + column * mSamplesPerPixel; }
   double ColumnOf(double sample) const { return (sample - mLeft) / mSamplesPerPixel; }
 
+  // The column in which the waveform shows a sample position. Columns are counted from the sound's start, so
+  // that none changes what it shows while the view scrolls by less than one.
+  std::int64_t PixelOf(double sample) const { return WholeColumns(sample) - LeftPixel(); }
+  // Columns between the sound's start and the view.
+  std::int64_t LeftPixel() const { return WholeColumns(mLeft); }
+
   // Shows the whole of a sound of this length. A column never shows fewer than `finest` samples.
   void SetFrames(std::int64_t frames, double finest = 1.0 / kMostColumnsPerSample);
   // Another width at the same zoom; a view that showed the whole sound goes on showing it.
@@ -43,6 +49,9 @@ class Viewport {
   bool operator==(Viewport const&) const = default;
 
  private:
+  std::int64_t WholeColumns(double sample) const {
+    return static_cast<std::int64_t>(sample / mSamplesPerPixel);
+  }
   double WidestSamplesPerPixel() const;
   double LastLeft() const;
   void Set(double left, double samplesPerPixel);

@@ -72,7 +72,7 @@ std::vector<std::int32_t> TimeGrid(WaveformSettings const& settings, Viewport co
   }
   for (RulerTick const& tick : RulerTicks(view, sampleRate, {settings.rulerUnit, scale})) {
     if (!tick.label.empty()) {
-      positions.push_back(static_cast<std::int32_t>(std::floor(tick.column)));
+      positions.push_back(static_cast<std::int32_t>(view.PixelOf(tick.sample)));
     }
   }
   return positions;

@@ -1,21 +1,14 @@
 #include "audio/WaveformView.h"
 
 #include "audio/AudioSession.h"
-#include "audio/ChannelStrips.h"
-#include "audio/LevelGrid.h"
-#include "audio/LevelOverlay.h"
 #include "audio/TimeRuler.h"
 #include "audio/ViewDrag.h"
-#include "audio/WaveformFeed.h"
 #include "audio/WaveformKeys.h"
+#include "audio/WaveformPainter.h"
 #include "audio/WaveformWheel.h"
-#include "program/AppearanceState.h"
 #include "program/Localized.h"
-#include "shell/DevicePixels.h"
 #include "shell/Painting.h"
 
-#include <moxaudiotoolkit/peaks/PeakPyramid.h>
-#include <moxcore/config/Errors.h>
 #include <moxui/scriber/Drawing.h>
 #include <moxui/scriber/Scriber.h>
 #include <moxui/scriber/SurfaceInterface.h>
@@ -46,7 +39,7 @@ constexpr float kFocusRingWidth = 2.0f;
 }  // namespace
 
 WaveformView::WaveformView(AudioSession& session)
-    : mSession(session), mFeed(std::make_unique<WaveformFeed>([this] { UI_Invalidate(); })) {
+    : mSession(session), mPainter(std::make_unique<WaveformPainter>(session, [this] { UI_Invalidate(); })) {
   mCursor = session.Selection().Head();
 }
 
@@ -56,124 +49,21 @@ int WaveformView::Columns(float scale) const {
   return std::max(static_cast<int>(std::lround(UI_GetLocalRectF(false).width * scale)), 0);
 }
 
-std::shared_ptr<WaveformView::Data> WaveformView::DataFor(Viewport const& view) const {
-  return mFeed->DataFor(mSession.Current(), view, mSession.Settings().detail);
-}
-
-void WaveformView::PrepareDraw(Viewport const& view, int rows, float scale) const {
-  WaveformSettings const& settings = mSession.Settings();
-  AudioDocument const& document = mSession.Current();
-  Apply(settings, PaletteOf(CurrentAppearance().theme), mDraw);
-  mDraw.SetViewRange(view.Left(), view.SamplesPerPixel());
-  double const drawScale = settings.drawScale.value_or(scale);
-  auto const channels = static_cast<int>(document.ChannelCount());
-  auto const strips = LayOutStrips(settings, channels, rows, drawScale, mSession.DrawsSamples());
-  mDraw.SetHorizontalGridlinePositions(strips ? AmplitudeGrid(settings, *strips, channels, drawScale)
-                                              : std::vector<std::int32_t>());
-  mDraw.SetVerticalGridlinePositions(TimeGrid(settings, view, document.SampleRate(), scale));
-  RectT<int> ignored;
-  mDraw.SetSelection({0, 0, view.Width(), rows}, mSession.Selection().Left(), mSession.Selection().Width(),
-                     ignored);
-}
-
 void WaveformView::UI_Draw(moxui::scriber::Scriber* scriber) const {
-  moxui::scriber::SurfaceInterface& surface = *scriber->GetSurface();
-  RectT<float> const own = UI_GetLocalRectF(false);
-  float const scale = surface.GetScale();
-  int const columns = Columns(scale);
-  int const rows = static_cast<int>(std::lround(own.height * scale));
-  if (columns < 1 || rows < 1) {
-    return;
-  }
+  mPainter->Draw(*scriber, UI_GetLocalRectF(false));
+  float const scale = scriber->GetSurface()->GetScale();
   Viewport view = mSession.View();
-  if (view.Width() != columns) {
+  if (int const columns = Columns(scale); columns > 0 && columns != view.Width()) {
     view.StretchTo(columns);
   }
-  surface.SaveState();
-  surface.ClipToRect(own);
-  try {
-    if (scale == 1.0f || !DrawOnLayer(*scriber, view, rows, scale)) {
-      DrawInPlace(*scriber, view);
-    }
-  } catch (moxcore::config::mox_exception const&) {
-    // No memory for what the drawing needs: an exception out of a paint would end the program for a picture.
-    surface.FillRect(own, mDraw.GetBackgroundColor());
-    DrawLabel(scriber, Text16("$$$/playground/audio/notDrawn=The waveform can't be drawn at the moment."),
-              own, moxui::scriber::TextAlignment::kCenter, moxui::ui::FontIndex::kText,
-              InkOn(mDraw.GetBackgroundColor()));
-  }
-  surface.RestoreState();
   DrawCursor(scriber, view, scale);
   DrawFocus(scriber);
 }
 
-void WaveformView::DrawWaveform(moxui::scriber::Scriber& scriber, Viewport const& view, int rows,
-                                float scale) const {
-  // What the waveform leaves as it was (all of it, when the channels don't fit) has the background's colour.
-  scriber.GetSurface()->FillRect({0.0f, 0.0f, static_cast<float>(view.Width()), static_cast<float>(rows)},
-                                 mDraw.GetBackgroundColor());
-  float const drawScale = static_cast<float>(mSession.Settings().drawScale.value_or(scale));
-  auto const data = DataFor(view);
-  mDraw.Draw(&scriber, data, {0, 0, view.Width(), rows}, drawScale);
-  DrawOverlays(scriber, view, *data, rows, drawScale);
-}
-
-void WaveformView::DrawOverlays(moxui::scriber::Scriber& scriber, Viewport const& view, Data const& data,
-                                int rows, float drawScale) const {
-  WaveformSettings const& settings = mSession.Settings();
-  auto const strips = LayOutStrips(settings, static_cast<int>(mSession.Current().ChannelCount()), rows,
-                                   drawScale, mSession.DrawsSamples());
-  auto const& pyramid = mSession.Current().Pyramid();
-  bool const isGrowing = pyramid && !pyramid->IsComplete();
-  if (!strips || !(settings.rms || settings.clipMarks || isGrowing)) {
-    return;
-  }
-  WaveformPalette const palette = PaletteOf(CurrentAppearance().theme);
-  DrawnWaveform const drawn{
-      mDraw,        settings, palette,  data, mFeed->LevelsFor(mSession.Current(), view),
-      view.Width(), rows,     drawScale};
-  if (settings.rms) {
-    DrawRms(scriber, drawn, mRmsPixels);
-  }
-  if (settings.clipMarks) {
-    DrawClipMarks(scriber, drawn, *strips);
-  }
-  if (isGrowing) {
-    DrawUnread(scriber, drawn);
-  }
-}
-
-bool WaveformView::DrawOnLayer(moxui::scriber::Scriber& scriber, Viewport const& view, int rows,
-                               float scale) const {
-  // A layer of device pixels, so that a column of the waveform is a pixel of the screen at every scale. It
-  // reaches only as far as has to be painted anew.
-  RectT<float> const damage = scriber.GetSurface()->GetClipBounds();
-  int const columns = view.Width();
-  int const first = std::clamp(static_cast<int>(std::floor(damage.left * scale)), 0, columns);
-  int const last = std::clamp(static_cast<int>(std::ceil(damage.Right() * scale)), 0, columns);
-  if (last <= first) {
-    return true;
-  }
-  PrepareDraw(view, rows, scale);
-  RectT<float> const place{static_cast<float>(first) / scale, 0.0f, static_cast<float>(last - first) / scale,
-                           static_cast<float>(rows) / scale};
-  return DrawInDevicePixels(scriber, place, {last - first, rows}, {static_cast<float>(first), 0.0f},
-                            [&](moxui::scriber::Scriber& layer) { DrawWaveform(layer, view, rows, scale); });
-}
-
-void WaveformView::DrawInPlace(moxui::scriber::Scriber& scriber, Viewport view) const {
-  int const rows = static_cast<int>(std::lround(UI_GetLocalRectF(false).height));
-  if (int const columns = Columns(1.0f); columns != view.Width()) {
-    view.StretchTo(columns);
-  }
-  PrepareDraw(view, rows, 1.0f);
-  DrawWaveform(scriber, view, rows, 1.0f);
-}
-
 RectT<float> WaveformView::CursorRect(std::int64_t sample) const {
   float const scale = GetViewScaleFactor();
-  double const column = std::floor(mSession.View().ColumnOf(static_cast<double>(sample)));
-  auto const x = static_cast<float>(std::clamp(column, -16.0, 1e6)) / scale;
+  auto const column = mSession.View().PixelOf(static_cast<double>(sample));
+  auto const x = static_cast<float>(std::clamp<std::int64_t>(column, -16, 1'000'000)) / scale;
   return {x - 1.0f, 0.0f, 3.0f, UI_GetLocalRectF(false).height};
 }
 
@@ -181,11 +71,11 @@ void WaveformView::DrawCursor(moxui::scriber::Scriber* scriber, Viewport const& 
   if (!mSession.HasSound() || !mSession.Selection().IsEmpty()) {
     return;
   }
-  double const column = std::floor(view.ColumnOf(static_cast<double>(mSession.Selection().Head())));
-  if (column < 0.0 || column > view.Width()) {
+  auto const column = view.PixelOf(static_cast<double>(mSession.Selection().Head()));
+  if (column < 0 || column > view.Width()) {
     return;
   }
-  float const x = static_cast<float>(std::min<double>(column, view.Width() - 1)) / scale;
+  float const x = static_cast<float>(std::min<std::int64_t>(column, view.Width() - 1)) / scale;
   scriber->GetSurface()->FillRect({x, 0.0f, 1.0f / scale, UI_GetLocalRectF(false).height},
                                   moxui::skins::utilities::GetInteractiveControlColor());
 }
@@ -208,23 +98,24 @@ float WaveformView::AmplitudeAt(std::size_t channel, int column) const {
     return 0.0f;
   }
   Viewport const& view = mSession.View();
-  mDraw.SetViewRange(view.Left(), view.SamplesPerPixel());
-  return mDraw.GetAmplitudeFromPixelOffset(channel, column, DataFor(view));
+  moxmediaui::WaveformDraw& wave = mPainter->Wave();
+  wave.SetViewRange(view.Left(), view.SamplesPerPixel());
+  return wave.GetAmplitudeFromPixelOffset(channel, column, mPainter->DataFor(view));
 }
 
 float WaveformView::RmsAt(std::size_t channel, int column) const {
   if (!mSession.HasSound()) {
     return 0.0f;
   }
-  auto const& levels = mFeed->LevelsFor(mSession.Current(), mSession.View());
+  auto const& levels = mPainter->LevelsFor(mSession.View());
   bool const isThere = column >= 0 && static_cast<std::size_t>(column) < levels.slots &&
                        channel < mSession.Current().ChannelCount();
   return isThere ? levels.rms[channel * levels.slots + static_cast<std::size_t>(column)] : 0.0f;
 }
 
 void WaveformView::Settle() {
-  DataFor(mSession.View());
-  mFeed->Settle();
+  mPainter->DataFor(mSession.View());
+  mPainter->Settle();
   UI_Invalidate();
 }
 
@@ -234,8 +125,9 @@ void WaveformView::SelectionChanged() {
   RectT<float> const own = UI_GetLocalRectF(false);
   RectT<int> const pixels{0, 0, Columns(scale), static_cast<int>(std::lround(own.height * scale))};
   RectT<int> changed;
-  mDraw.SetViewRange(mSession.View().Left(), mSession.View().SamplesPerPixel());
-  mDraw.SetSelection(pixels, selection.Left(), selection.Width(), changed);
+  moxmediaui::WaveformDraw& wave = mPainter->Wave();
+  wave.SetViewRange(mSession.View().Left(), mSession.View().SamplesPerPixel());
+  wave.SetSelection(pixels, selection.Left(), selection.Width(), changed);
   if (!changed.IsEmpty()) {
     RectT<float> const pixelsChanged(changed);
     UI_Invalidate({pixelsChanged.left / scale, pixelsChanged.top / scale, pixelsChanged.width / scale,

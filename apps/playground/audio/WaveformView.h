@@ -1,8 +1,5 @@
 #pragma once
 
-#include "audio/LevelOverlay.h"
-
-#include <moxmediaui/WaveformDraw.h>
 #include <moxui/ui/UI_Node.h>
 
 #include <cstdint>
@@ -10,16 +7,12 @@
 #include <memory>
 #include <optional>
 
-namespace moxaudiotoolkit::waveform {
-class WaveformData;
-}
-
 namespace playground {
 
 class AudioSession;
 class ViewDrag;
 class Viewport;
-class WaveformFeed;
+class WaveformPainter;
 
 // The waveform of a session's sound, a column to each device pixel, with the selection and the place of the
 // cursor. By hand: a drag selects, with shift it moves the nearer end; the wheel zooms at the pointer, with
@@ -43,6 +36,7 @@ class WaveformView : public moxui::ui::UI_Node {
   float RmsAt(std::size_t channel, int column) const;
   // Waits for samples that are still being read.
   void Settle();
+  WaveformPainter const& Painter() const { return *mPainter; }
 
   // The session has changed so.
   void SelectionChanged();
@@ -64,7 +58,6 @@ class WaveformView : public moxui::ui::UI_Node {
 
  private:
   enum class Drag { kNone, kSelect, kScroll };
-  using Data = moxaudiotoolkit::waveform::WaveformData;
 
   int Columns(float scale) const;
   double ColumnAt(float x) const { return static_cast<double>(x) * GetViewScaleFactor(); }
@@ -74,16 +67,6 @@ class WaveformView : public moxui::ui::UI_Node {
   void ScrollWhileSelecting();
   bool HandleSpace(moxui::ui::KeyboardEvent const& event);
   bool Extend(std::int64_t sample);
-  void PrepareDraw(Viewport const& view, int rows, float scale) const;
-  std::shared_ptr<Data> DataFor(Viewport const& view) const;
-  // Draws the waveform on a surface whose pixels are the columns.
-  void DrawWaveform(moxui::scriber::Scriber& scriber, Viewport const& view, int rows, float scale) const;
-  // The same on a layer of device pixels, whose picture is then put in place; false when there is no layer.
-  bool DrawOnLayer(moxui::scriber::Scriber& scriber, Viewport const& view, int rows, float scale) const;
-  // A column to each logical pixel, without a layer.
-  void DrawInPlace(moxui::scriber::Scriber& scriber, Viewport view) const;
-  void DrawOverlays(moxui::scriber::Scriber& scriber, Viewport const& view, Data const& data, int rows,
-                    float drawScale) const;
   void DrawCursor(moxui::scriber::Scriber* scriber, Viewport const& view, float scale) const;
   void DrawFocus(moxui::scriber::Scriber* scriber) const;
   moxui::RectT<float> CursorRect(std::int64_t sample) const;
@@ -91,9 +74,7 @@ class WaveformView : public moxui::ui::UI_Node {
   AudioSession& mSession;
   HoverFunction mHover;
   std::function<void()> mPlay;
-  mutable moxmediaui::WaveformDraw mDraw;
-  std::unique_ptr<WaveformFeed> mFeed;
-  mutable RmsPixels mRmsPixels;
+  std::unique_ptr<WaveformPainter> mPainter;
   Drag mDrag = Drag::kNone;
   std::unique_ptr<ViewDrag> mStep;  // of the drag
   float mDragX = 0.0f;

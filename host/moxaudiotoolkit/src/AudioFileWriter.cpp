@@ -1,3 +1,5 @@
+#include "SystemReason.h"
+
 #include <moxaudiotoolkit/AudioFile.h>
 #include <moxaudiotoolkit/AudioFileError.h>
 #include <moxaudiotoolkit/AudioFileWriter.h>
@@ -13,7 +15,6 @@
 #include <cstdio>
 #include <filesystem>
 #include <stdexcept>
-#include <system_error>
 
 namespace moxaudiotoolkit {
 namespace {
@@ -55,7 +56,7 @@ class PendingFile {
       mDescriptor = open(mTemporary.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
     } while (mDescriptor < 0 && errno == EEXIST);
     if (mDescriptor < 0) {
-      Throw(std::generic_category().message(errno));
+      Throw(SystemReason(errno));
     }
   }
 
@@ -73,7 +74,7 @@ class PendingFile {
 
   void Commit() {
     if (fsync(mDescriptor) != 0 || std::rename(mTemporary.c_str(), mPath.c_str()) != 0) {
-      Throw(std::generic_category().message(errno));
+      Throw(SystemReason(errno));
     }
     mCommitted = true;
   }

@@ -1,6 +1,7 @@
 #include "SoundFileHandle.h"
 
 #include "CutShort.h"
+#include "SystemReason.h"
 
 #include <moxaudiotoolkit/AudioFileError.h>
 
@@ -13,17 +14,12 @@
 #include <cerrno>
 #include <cstring>
 #include <span>
-#include <system_error>
 
 namespace moxaudiotoolkit {
 namespace {
 
 // Frames of MPEG layer III take bits from frames before them. Measured: 4096 frames are too few at times.
 constexpr std::int64_t kMpegPreroll = 16384;
-
-std::string SystemReason(int error) {
-  return std::generic_category().message(error);
-}
 
 AudioFileFault FaultOfOpening(int error) {
   switch (error) {

@@ -1,3 +1,4 @@
+#include "SystemReason.h"
 #include "peaks/DurableFile.h"
 
 #include <moxaudiotoolkit/AudioFile.h>
@@ -104,7 +105,7 @@ void EncodeFloats(std::span<const float> samples, std::vector<std::uint8_t>& byt
 [[noreturn]] void ThrowNotWritable(const std::string& path, const std::system_error& error) {
   throw AudioFileError(AudioFileFault::kNotWritable, path,
                        "$$$/moxaudiotoolkit/Error/CannotWrite=The sound file can't be written: @0.",
-                       {error.code().message()});
+                       {SystemReason(error.code().value())});
 }
 
 void Check(const std::string& path, const WaveFormat& format) {

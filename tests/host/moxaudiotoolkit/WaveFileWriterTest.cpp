@@ -197,7 +197,7 @@ TEST_F(WaveFileWriterTest, FullDiskIsToldOfAtOnceAndNothingIsLeft) {
   }
   setrlimit(RLIMIT_FSIZE, &old);
   signal(SIGXFSZ, handler);
-  EXPECT_NE(reason.find("File too large"), std::string::npos) << reason;
+  EXPECT_NE(reason.find("files can't be that large"), std::string::npos) << reason;
   EXPECT_EQ(FilesIn(mFolder.GetPath()), 0u);
 }
 
@@ -207,7 +207,7 @@ TEST_F(WaveFileWriterTest, FolderThatIsNotThereIsToldOf) {
     FAIL();
   } catch (const AudioFileError& error) {
     EXPECT_EQ(error.GetFault(), AudioFileFault::kNotWritable);
-    EXPECT_NE(error.GetReason().find("No such file"), std::string::npos) << error.GetReason();
+    EXPECT_NE(error.GetReason().find("there is no such file"), std::string::npos) << error.GetReason();
   }
 }
 

@@ -1,3 +1,4 @@
+#include "../SystemReason.h"
 #include "DurableFile.h"
 #include "Hash.h"
 #include "PeakEntry.h"
@@ -139,7 +140,7 @@ std::string PeakCache::Store(const PeakCacheKey& key, std::uint64_t fileHash,
     Trim(path);
     return {};
   } catch (const std::system_error& error) {
-    return NotKept(error.code().message());
+    return NotKept(SystemReason(error.code().value()));
   }
 }
 

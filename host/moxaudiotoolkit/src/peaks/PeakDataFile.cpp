@@ -1,3 +1,4 @@
+#include "../SystemReason.h"
 #include "DurableFile.h"
 #include "PeakPacking.h"
 #include "PlainFile.h"
@@ -19,6 +20,7 @@ namespace {
 constexpr std::size_t kHeaderBytes1 = 20;
 constexpr std::size_t kHeaderBytes2 = 24;
 constexpr std::uint32_t kHas8Bits = 1;
+constexpr std::int64_t kPairsPerReport = 4096;
 constexpr std::size_t kBlockBytes = 128 << 10;  // read at a time: stays in the processor's cache
 
 std::uint32_t GetWord(std::span<const std::uint8_t> bytes, std::size_t at) {
@@ -278,7 +280,7 @@ void WritePeakData(const std::string& path, const PeakData& data) {
   } catch (const std::system_error& error) {
     Throw(AudioFileFault::kNotWritable, path,
           "$$$/moxaudiotoolkit/Error/PeaksNotWritten=The peak file can't be written: @0.",
-          {error.code().message()});
+          {SystemReason(error.code().value())});
   }
 }
 
@@ -303,6 +305,11 @@ PeakData MakePeakData(const PeakPyramid& pyramid, const PeakDataOptions& options
   const float scale = options.has8Bits ? 128.0F : 32768.0F;
   data.values.reserve(static_cast<std::size_t>(length * data.channelCount) * 2);
   for (std::int64_t i = 0; i < length; ++i) {
+    if (i % kPairsPerReport == 0 && options.report &&
+        !options.report(static_cast<double>(i) / static_cast<double>(length))) {
+      Throw(AudioFileFault::kCancelled, {},
+            "$$$/moxaudiotoolkit/Error/ExportCancelled=The export was cancelled.");
+    }
     const auto range = [&](int channel) {
       return pyramid.GetRange(static_cast<std::size_t>(channel), i * samples, (i + 1) * samples);
     };

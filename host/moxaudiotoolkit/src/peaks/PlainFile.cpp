@@ -1,5 +1,7 @@
 #include "PlainFile.h"
 
+#include "../SystemReason.h"
+
 #include <moxaudiotoolkit/AudioFileError.h>
 
 #include <fcntl.h>
@@ -7,14 +9,13 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <system_error>
 
 namespace moxaudiotoolkit {
 namespace {
 
 [[noreturn]] void ThrowUnreadable(const std::string& path, AudioFileFault fault, int error) {
   throw AudioFileError(fault, path, "$$$/moxaudiotoolkit/Error/CannotRead=The file can't be read: @0.",
-                       {std::generic_category().message(error)});
+                       {SystemReason(error)});
 }
 
 int Open(const std::string& path) {

@@ -1,6 +1,7 @@
 #include "RawSource.h"
 
 #include "../HarmlessSamples.h"
+#include "../SystemReason.h"
 #include "BlockScan.h"
 
 #include <moxaudiotoolkit/AudioFile.h>
@@ -15,7 +16,6 @@
 #include <bit>
 #include <cerrno>
 #include <cstring>
-#include <system_error>
 #include <utility>
 #include <vector>
 
@@ -152,7 +152,7 @@ void RawSource::ReadBytes(std::int64_t firstFrame, std::span<std::uint8_t> desti
     if (got < 0) {
       throw AudioFileError(AudioFileFault::kNotReadable, mName,
                            "$$$/moxaudiotoolkit/Error/CannotRead=The file can't be read: @0.",
-                           {std::generic_category().message(errno)});
+                           {SystemReason(errno)});
     }
     if (got == 0) {
       throw AudioFileError(AudioFileFault::kTruncated, mName,

@@ -102,6 +102,53 @@ TEST_F(AudioPeaks, OpeningReturnsBeforeTheFileIsReadAndShowsWhatTheHeaderTells) 
   EXPECT_FALSE(Progress().UI_IsShown());
 }
 
+TEST_F(AudioPeaks, NoSoundStaysShownWhenOthersJoin) {
+  auto const sound = Sound(kMinute, {});
+  options.open = [sound](std::string const&) { return sound; };
+  Session().SetPeaksOptions(options);
+  Session().OpenFiles({WriteBytes(folder.Path(), "a.wav", "x").string()});
+  Session().WaitForOpening();
+  sound->CloseFrom(0);
+  // Of two the first is shown; the other joins while no sound is.
+  Session().AddDocument(DemoDocument());
+  Session().ShowDocument(Session().Documents().size());
+  ASSERT_FALSE(Session().HasSound());
+  Session().AddDocument(DemoDocument());
+  EXPECT_TRUE(Session().HasSound());
+  EXPECT_EQ(Session().View().Frames(), Current().Frames());
+  Session().ShowDocument(Session().Documents().size());
+  Session().OpenFiles(
+      {WriteBytes(folder.Path(), "b.wav", "x").string(), WriteBytes(folder.Path(), "c.wav", "x").string()});
+  Session().WaitForOpening();
+  EXPECT_EQ(Current().Title(), "b.wav");
+  EXPECT_EQ(Session().View().Frames(), kMinute);
+  sound->OpenAll();
+}
+
+TEST_F(AudioPeaks, OverviewIsVeiledWhereNothingIsReadYet) {
+  auto const sound = Sound(8 * kPage, {});
+  sound->CloseFrom(4 * kPage);
+  Begin(sound);
+  WaitUntilHeldUp(*sound);
+  auto const growing = Picture();
+  sound->OpenAll();
+  Session().WaitForPeaks();
+  auto const whole = Picture();
+  OverviewBar const& overview = program.Audio().Overview();
+  auto const columnAt = [&](moxui::platform::Pixels const& picture, float share) {
+    auto const x = static_cast<std::ptrdiff_t>(StagedProgram::PointIn(overview, share).x);
+    std::vector<std::uint8_t> column;
+    for (float down = 0.1f; down < 0.9f; down += 0.02f) {
+      auto const y = static_cast<std::ptrdiff_t>(StagedProgram::PointIn(overview, share, down).y);
+      auto const pixel = picture.bytes.begin() + (y * picture.width + x) * 4;
+      column.insert(column.end(), pixel, pixel + 4);
+    }
+    return column;
+  };
+  EXPECT_EQ(columnAt(growing, 0.25f), columnAt(whole, 0.25f));
+  EXPECT_NE(columnAt(growing, 0.75f), columnAt(whole, 0.75f));
+}
+
 TEST_F(AudioPeaks, PictureGrowsWithWhatHasBeenRead) {
   auto const sound = Sound(8 * kPage, {{kPage, 0.9f}, {7 * kPage, 0.9f}});
   sound->CloseFrom(4 * kPage);
@@ -339,7 +386,7 @@ TEST_F(AudioPeaks, FailuresAreToldByReasonAndName) {
   Session().WaitForOpening();
   auto const& failures = Session().Failures();
   ASSERT_EQ(failures.size(), 4u);
-  EXPECT_EQ(failures[0].reason, "The file can't be opened: No such file or directory.");
+  EXPECT_EQ(failures[0].reason, "The file can't be opened: there is no such file or folder.");
   EXPECT_EQ(failures[1].reason, "This is a folder, not a sound file.");
   EXPECT_EQ(failures[2].reason, "The file is empty.");
   EXPECT_THAT(failures[3].reason, HasSubstr("not a sound file of a known format"));

@@ -194,7 +194,7 @@ TEST_F(ExportPage, FailureIsToldWithItsReason) {
   PressExport();
   Finish();
   EXPECT_THAT(Bar().Sentence(), HasSubstr("out.wav could not be exported"));
-  EXPECT_THAT(Bar().Sentence(), HasSubstr("No such file"));
+  EXPECT_THAT(Bar().Sentence(), HasSubstr("there is no such file"));
   EXPECT_THAT(To8(program.state.log.Lines().back().text), HasSubstr("out.wav could not be exported"));
 }
 

@@ -245,7 +245,7 @@ TEST_F(SelectionExportTest, FolderThatIsGoneFailsWithTheReason) {
   FileExport running(request.path, ExportOfSelection(request));
   running.Wait();
   EXPECT_EQ(running.GetState(), State::kFailed);
-  EXPECT_THAT(running.Problem(), testing::HasSubstr("No such file"));
+  EXPECT_THAT(running.Problem(), testing::HasSubstr("there is no such file"));
 }
 
 }  // namespace

@@ -172,7 +172,7 @@ TEST_F(FilePeaksTest, TellsWhyAFileCannotBeOpened) {
 TEST_F(FilePeaksTest, TellsTheSourceBeforeThePeaksAndTheReasonWithoutTheName) {
   FilePeaks missing(mFolder / "missing.wav");
   missing.Wait();
-  EXPECT_EQ(missing.GetReason(), "The file can't be opened: No such file or directory.");
+  EXPECT_EQ(missing.GetReason(), "The file can't be opened: there is no such file or folder.");
   EXPECT_NE(missing.GetProblem(), missing.GetReason());
   const auto gated =
       std::make_shared<testing::GatedSource>(std::make_shared<testing::NoiseSource>(300'000, 2));

@@ -243,6 +243,25 @@ TEST(PeakDataFile, TakesWholePointsOnly) {
   EXPECT_THROW(MakePeakData(*pyramid, {.version = 3}), std::invalid_argument);
 }
 
+TEST(PeakDataFile, IsMadeAsFarAsItsReportAllows) {
+  const auto pyramid = BuildPyramid(NoiseSource(64 * 4096 * 3, 1));
+  std::vector<double> reports;
+  PeakDataOptions options{.samplesPerPixel = 64};
+  options.report = [&](double done) {
+    reports.push_back(done);
+    return true;
+  };
+  EXPECT_EQ(MakePeakData(*pyramid, options), MakePeakData(*pyramid, {.samplesPerPixel = 64}));
+  EXPECT_EQ(reports, (std::vector{0.0, 1.0 / 3.0, 2.0 / 3.0}));
+  options.report = [](double done) { return done < 0.3; };
+  try {
+    MakePeakData(*pyramid, options);
+    FAIL() << "made";
+  } catch (const AudioFileError& error) {
+    EXPECT_EQ(error.GetFault(), AudioFileFault::kCancelled);
+  }
+}
+
 TEST(PeakDataFile, BecomesAPyramid) {
   const NoiseSource source(3'000'000, 2, 16);
   const auto finest = BuildPyramid(source);

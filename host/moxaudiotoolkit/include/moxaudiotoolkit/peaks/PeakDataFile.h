@@ -5,6 +5,7 @@
 #include <atomic>
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <span>
 #include <string>
@@ -51,11 +52,13 @@ struct PeakDataOptions {
   int samplesPerPixel = 256;  // a multiple of the pyramid's samples per point
   int version = 2;            // version 1 takes the peaks of all channels together
   bool has8Bits = false;
+  // Is told now and then how far the making is, from 0 to 1; false when it is to end.
+  std::function<bool(double done)> report = nullptr;
 };
 
 // Peaks are rounded to the nearest value and those beyond full scale limited. The last pair holds what is
 // left. Throws std::invalid_argument for other options than those named and for more pairs than a file can
-// hold; what the pyramid doesn't know yet is silence.
+// hold, AudioFileError (kCancelled) when a report had it end; what the pyramid doesn't know yet is silence.
 PeakData MakePeakData(const PeakPyramid& pyramid, const PeakDataOptions& options = {});
 
 // A pyramid whose finest points are the pairs, without RMS. `frames` is the length of the audio where that is

@@ -1,0 +1,101 @@
+#pragma once
+
+#include "audio/WaveformPalette.h"
+#include "audio/WaveformSettings.h"
+#include "program/Appearance.h"
+
+#include <moxui/geometry/RectT.h>
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <vector>
+
+namespace moxui::scriber {
+class Scriber;
+}
+
+namespace playground {
+
+// What the columns of a waveform's picture look like, but for where they are in the sound. Columns of equal
+// looks can stay as they were painted.
+struct WaveformLook {
+  WaveformSettings settings = {};
+  ThemeChoice theme = ThemeChoice::kDark;
+  std::uint64_t generation = 0;  // of the waveform's data
+  int columns = 0;
+  int rows = 0;
+  float scale = 1.0f;
+  bool isGrowing = false;
+  bool showsSelection = false;  // of which the gain of all columns may depend
+  // Where columns depend on the place of the view to a fraction of a column: that place.
+  std::optional<double> left = {};
+
+  bool operator==(WaveformLook const&) const = default;
+};
+
+// From `first` up to but not including `last`.
+struct ColumnSpan {
+  std::int64_t first = 0;
+  std::int64_t last = 0;
+
+  bool IsEmpty() const { return first >= last; }
+  bool operator==(ColumnSpan const&) const = default;
+};
+
+// What of a picture is tied to columns, all counted from the left edge of the view.
+struct WaveformPlace {
+  std::int64_t leftPixel = 0;  // columns between the sound's start and the view
+  ColumnSpan selected = {};
+  std::vector<std::int32_t> grid = {};
+};
+
+// The columns that a selection covers in a view, as the waveform draws it.
+ColumnSpan SelectedColumns(Viewport const& view, std::int64_t left, std::int64_t width);
+
+// The pixels of a waveform, kept from one frame to the next: a view that is scrolled moves them and has only
+// the columns painted that have come into it, a selection those at its ends. What comes out is the same as
+// when all is painted.
+class WaveformPicture {
+ public:
+  // Some columns that are to be painted: a surface whose units are columns and rows of the view, clipped to
+  // them, and their pixels, opaque, which may be written in the surface's stead.
+  struct Piece {
+    moxui::scriber::Scriber& scriber;
+    ColumnSpan columns;
+    std::uint32_t* pixels = nullptr;  // of the first column and row
+    int pixelsPerRow = 0;             // from row to row
+  };
+  using PaintFunction = std::function<void(Piece const& piece)>;
+
+  // Brings the picture up to date. Columns that have to be painted are painted `columnsAtOnce` at most in one
+  // go. False where there is no surface to be had. What `paint` throws leaves an empty picture.
+  bool Update(WaveformLook const& look, WaveformPlace const& place, int columnsAtOnce,
+              PaintFunction const& paint);
+  // Draws columns of the picture, pixel by pixel, at `destination`; false when there is no image to be had.
+  bool Draw(moxui::scriber::Scriber& scriber, ColumnSpan columns,
+            moxui::RectT<float> const& destination) const;
+
+  // Columns that were painted so far.
+  std::int64_t ColumnsPainted() const { return mColumnsPainted; }
+
+ private:
+  using Pixels = std::vector<std::uint32_t>;
+
+  bool CanMoveTo(WaveformLook const& look, WaveformPlace const& place) const;
+  void Move(std::int64_t shift);
+  std::vector<ColumnSpan> ChangedColumns(WaveformPlace const& place) const;
+  bool Paint(ColumnSpan columns, int columnsAtOnce, PaintFunction const& paint);
+  int Stride() const;
+
+  std::optional<WaveformLook> mLook;  // nothing: nothing is painted
+  WaveformPlace mPlace;
+  // Wider than the view, which begins at column mOffset, so that most steps of a scrolling move no pixel.
+  std::shared_ptr<Pixels> mPixels;
+  int mOffset = 0;
+  std::int64_t mColumnsPainted = 0;
+};
+
+}  // namespace playground

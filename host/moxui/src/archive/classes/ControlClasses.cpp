@@ -1,5 +1,6 @@
 #include "../ArchiveClasses.h"
 
+#include <moxui/controls/UI_HotTextNumber.h>
 #include <moxui/controls/UI_InteractiveControlView.h>
 #include <moxui/controls/UI_Popup.h>
 #include <moxui/controls/UI_StaticText.h>
@@ -10,11 +11,13 @@ namespace {
 
 using controls::UI_Button;
 using controls::UI_ControlView;
+using controls::UI_HotText;
+using controls::UI_HotTextNumber;
 using controls::UI_InteractiveControlView;
 using controls::UI_Popup;
 using controls::UI_StaticText;
 
-/// A value means what the control shows: a popup's item, a text, whether a button is on.
+/// A value means what the control shows: a popup's item, a text, a number, whether a button is on.
 void SetValue(UI_ControlView& control, PropertyValue const& value) {
   if (auto* const popup = dynamic_cast<UI_Popup*>(&control)) {
     popup->SetValue(value.AsInteger());
@@ -22,15 +25,26 @@ void SetValue(UI_ControlView& control, PropertyValue const& value) {
     button->SetValue(value.AsBoolean());
   } else if (auto* const text = dynamic_cast<UI_StaticText*>(&control)) {
     text->SetValue(value.AsText());
+  } else if (auto* const number = dynamic_cast<UI_HotTextNumber*>(&control)) {
+    number->SetValue(value.AsDouble());
+  } else if (auto* const hotText = dynamic_cast<UI_HotText*>(&control)) {
+    hotText->SetText(value.AsText());
   }
 }
 
-/// A key of buttons alone that stands in the section of all controls.
-template <auto kSetter>
-void OfButton(UI_ControlView& control, PropertyValue const& value) {
-  if (auto* const button = dynamic_cast<UI_Button*>(&control)) {
-    (button->*kSetter)(value.AsBoolean());
+template <class Class>
+bool SetBoolean(UI_ControlView& control, PropertyValue const& value, void (Class::*setter)(bool)) {
+  auto* const object = dynamic_cast<Class*>(&control);
+  if (object != nullptr) {
+    (object->*setter)(value.AsBoolean());
   }
+  return object != nullptr;
+}
+
+/// A key of some classes alone that stands in the section of all controls: the first class that fits has it.
+template <auto... kSetters>
+void SetOneOf(UI_ControlView& control, PropertyValue const& value) {
+  static_cast<void>((SetBoolean(control, value, kSetters) || ...));
 }
 
 void SetComponentSize(UI_ControlView& control, PropertyValue const& value) {
@@ -42,12 +56,6 @@ void SetComponentSize(UI_ControlView& control, PropertyValue const& value) {
   }
 }
 
-void SetAlwaysNotify(UI_ControlView& control, PropertyValue const& value) {
-  if (auto* const popup = dynamic_cast<UI_Popup*>(&control)) {
-    popup->SetAlwaysNotify(value.AsBoolean());
-  }
-}
-
 // `className` is the builder's.
 constexpr Property<UI_ControlView> kControl[] = {
     {"enabled",
@@ -56,9 +64,10 @@ constexpr Property<UI_ControlView> kControl[] = {
                       PropertyValue const& value) { control.SetWantsKeyboardFocus(value.AsBoolean()); }},
     {"value", SetValue},
     {"componentSize", SetComponentSize},
-    {"suppressFocusDrawing", OfButton<&UI_Button::SetSuppressFocusDrawing>},
-    {"changeFocusOnClick", OfButton<&UI_Button::SetChangeFocusOnClick>},
-    {"alwaysNotify", SetAlwaysNotify},
+    {"suppressFocusDrawing",
+     SetOneOf<&UI_Button::SetSuppressFocusDrawing, &UI_HotText::SetSuppressFocusDrawing>},
+    {"changeFocusOnClick", SetOneOf<&UI_Button::SetChangeFocusOnClick, &UI_HotText::SetChangeFocusOnClick>},
+    {"alwaysNotify", SetOneOf<&UI_Popup::SetAlwaysNotify, &UI_HotText::SetAlwaysNotify>},
 };
 
 constexpr SectionOf<UI_ControlView> kControlSection{kControl};

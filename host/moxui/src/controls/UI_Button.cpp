@@ -49,47 +49,6 @@ void UI_Button::PerformClick() {
   }
 }
 
-void UI_Button::SetDefaultAppearance(bool isDefault) {
-  StoreVisual(mIsDefault, isDefault);
-}
-
-void UI_Button::SetDisplayBorderAlways(bool displays) {
-  StoreVisual(mDisplayBorderAlways, displays);
-}
-
-void UI_Button::SetDisplayBorderNever(bool never) {
-  StoreVisual(mDisplayBorderNever, never);
-}
-
-void UI_Button::SetDisplayContainerAlways(bool displays) {
-  StoreVisual(mDisplayContainerAlways, displays);
-}
-
-void UI_Button::SetStrokeSizes(float withDefault, float withoutDefault) {
-  StoreVisual(mStrokeSizes, std::pair(withDefault, withoutDefault));
-}
-
-void UI_Button::SetContentOffset(PointT<float> offset) {
-  StoreVisual(mContentOffset, offset);
-}
-
-void UI_Button::SetDownOffset(PointT<float> offset) {
-  StoreVisual(mDownOffset, offset);
-}
-
-void UI_Button::SetCornerRadius(std::optional<float> radius) {
-  StoreVisual(mCornerRadius, radius);
-}
-
-void UI_Button::SetSuppressFocusDrawing(bool suppress) {
-  StoreVisual(mSuppressFocusDrawing, suppress);
-}
-
-void UI_Button::SetComponents(ButtonComponents const& components) {
-  mComponents = components;
-  UI_Invalidate();
-}
-
 DrawButtonParameters UI_Button::GetDrawParameters() const {
   skins::SkinSet const& skinSet = UI_GetCurrentSkinSet();
   Flags<unsigned int> const state = GetControlState(true);
@@ -99,8 +58,8 @@ DrawButtonParameters UI_Button::GetDrawParameters() const {
   parameters.SetRectF(UI_GetLocalRectF(ui::RectSpace::kOwn));
   parameters.SetCornerRadius(mCornerRadius.value_or(skinSet.GetNumber(skins::SkinNumber::kCornerRadius)));
   bool const isOn = mValue && !IsValueUnknown();
-  parameters.SetSelectedAppearance(isOn || mIsDefault || mComponents.IsSelected());
-  if (mIsDefault && mComponents.GetVariant() == ButtonVariant::kPlain) {
+  parameters.SetSelectedAppearance(isOn || mIsDefault || mCommits || mComponents.IsSelected());
+  if ((mIsDefault || mCommits) && mComponents.GetVariant() == ButtonVariant::kPlain) {
     parameters.Components().SetVariant(ButtonVariant::kPrimary);
   }
   skins::Interaction const interaction = skins::GetInteraction(state);
@@ -168,7 +127,7 @@ void UI_Button::BeginPress(ui::MouseEvent const& event) {
   SetDownState(true);
   PressCapture::Start(
       this, event, [this](ui::MouseEvent const& next) { ContinuePress(next); }, [this] { CancelPress(); });
-  if (mNotifiesOnMouseDown) {
+  if (mNotificationOnMouseDown) {
     Clicked();
   }
 }
@@ -180,7 +139,7 @@ void UI_Button::ContinuePress(ui::MouseEvent const& event) {
     return;
   }
   SetDownState(false);
-  if (isInside && !mNotifiesOnMouseDown && !IsDisabled()) {
+  if (isInside && !mNotificationOnMouseDown && !IsDisabled()) {
     Clicked();
   }
 }

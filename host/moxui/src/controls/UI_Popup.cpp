@@ -19,10 +19,9 @@ constexpr std::u16string_view kUnknownText = u"\u2013";
 
 }  // namespace
 
-UI_Popup::UI_Popup(PopupType, PopupVariant, ComponentSize size) {
-  ButtonComponents components;
-  components.SetComponentSize(size);
-  SetComponents(components);
+UI_Popup::UI_Popup(PopupType type, PopupVariant variant, ComponentSize size)
+    : mType(type), mVariant(variant) {
+  SetComponentSize(size);
 }
 
 UI_Popup::~UI_Popup() = default;
@@ -108,6 +107,10 @@ moxcore::Utf16String UI_Popup::GetShownText() const {
   return isItem ? mItems[static_cast<std::size_t>(mValue)].text : moxcore::Utf16String();
 }
 
+void UI_Popup::SetPopupVariantType(PopupVariant variant) {
+  StoreVisual(mVariant, variant);
+}
+
 void UI_Popup::SetTextTruncation(TextTruncation truncation) {
   StoreVisual(mText.truncation, truncation);
 }
@@ -147,7 +150,8 @@ void UI_Popup::UI_Draw(scriber::Scriber* scriber) const {
   skins::ControlLook const look = GetControlLook(*this);
   RectT<float> const rect = UI_GetLocalRectF(ui::RectSpace::kOwn);
   if (!rect.IsEmpty()) {
-    skins::PaintPopupBox(scriber, rect, mDrawDivider, look);
+    bool const isQuiet = mVariant == PopupVariant::kQuiet || GetComponents().IsQuiet();
+    skins::PaintPopupBox(scriber, rect, {.drawDivider = mDrawDivider, .isQuiet = isQuiet}, look);
     if (scriber::FontP const font = GetControlFont(mText, *this, scriber->GetSupplier())) {
       RectT<float> const box = skins::GetPopupLayout(rect, *look.skinSet).text;
       skins::DrawTextLine(scriber, GetShownText(), box, GetAlignment(mText), mText.truncation, *font,

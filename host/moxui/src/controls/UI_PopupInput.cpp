@@ -1,6 +1,6 @@
 // How a popup is worked: its menu, and the keys that choose without it.
-#include <moxcore/string/TextOperations.h>
 #include <moxui/controls/UI_Popup.h>
+#include <moxui/skins/LayoutDirection.h>
 #include <moxui/ui/KeyboardEvent.h>
 #include <moxui/ui/MouseEvent.h>
 #include <moxui/ui/NodeTree.h>
@@ -8,24 +8,8 @@
 #include <moxui/ui/OS_Menu.h>
 
 namespace moxui::controls {
-namespace {
 
 using moxcore::utility::IntrusivePtr;
-
-constexpr double kTypingPause = 1000.0;  // milliseconds after which typing begins anew
-
-moxcore::Utf16String Folded(moxcore::Utf16String text) {
-  moxcore::string::ToUpperCase(text);
-  return text;
-}
-
-bool IsTyping(ui::KeyboardEvent const& event) {
-  bool const hasCommand = event.GetModKey().HasAny(ui::ModKey::kCommand | ui::ModKey::kControl);
-  return event.IsAction(ui::KeyAction::kKeyDown) && !hasCommand && !event.GetText().empty() &&
-         event.GetText().front() > u' ';
-}
-
-}  // namespace
 
 void UI_Popup::OpenMenu() {
   IntrusivePtr<UI_Popup> const self(this);
@@ -47,7 +31,9 @@ void UI_Popup::OpenMenu() {
   // The current item opens over the box, so that choosing it again needs no way.
   bool const hasCurrent = CanChoose(mValue) && !IsValueUnknown();
   menu->SetInitialItem(hasCurrent ? static_cast<int>(mValue) + 1 : 0);
-  PointT<float> const corner(rect.left, hasCurrent ? rect.top : rect.Bottom());
+  float const leading = skins::IsRightToLeft() ? rect.Right() : rect.left;
+  PointT<float> const corner(leading, hasCurrent ? rect.top : rect.Bottom());
+  menu->SetMinimumWidth(UI_LocalToGlobalF({rect.Right(), rect.top}).x - UI_LocalToGlobalF(rect.TopLeft()).x);
   int const chosen = UI_DoContextMenu(menu.Get(), this, corner);
   SetDownState(false);
   if (chosen > 0) {
@@ -89,8 +75,8 @@ bool UI_Popup::UI_DoKeyboardEvent(ui::UI_Node* node, ui::KeyboardEvent const& ev
       break;
     case ui::KeyboardCode::kSpace:
       // While a text is typed, a space is part of it.
-      if (isPlain && IsTypingOn()) {
-        TypeAhead(u" ");
+      if (isPlain && mTypeAhead.IsTypingOn(GetTypingTime())) {
+        ChooseTyped(u" ");
         return true;
       }
       if (isPlain) {
@@ -109,7 +95,7 @@ bool UI_Popup::UI_DoKeyboardEvent(ui::UI_Node* node, ui::KeyboardEvent const& ev
       }
       break;
     default:
-      if (IsTyping(event) && TypeAhead(event.GetText())) {
+      if (TypeAhead::IsTyping(event) && ChooseTyped(event.GetText())) {
         return true;
       }
       break;
@@ -131,26 +117,21 @@ bool UI_Popup::Step(int step) {
   return false;
 }
 
-bool UI_Popup::IsTypingOn() const {
+double UI_Popup::GetTypingTime() const {
   ui::NodeTree const* const tree = UI_GetTree();
-  return !mTyped.empty() && (tree == nullptr || tree->GetHost().GetTime() - mLastTyped < kTypingPause);
+  return tree != nullptr ? tree->GetHost().GetTime() : 0.0;
 }
 
-bool UI_Popup::TypeAhead(moxcore::Utf16String const& typed) {
-  bool const goesOn = IsTypingOn();
-  mTyped = goesOn ? mTyped + Folded(typed) : Folded(typed);
-  mLastTyped = UI_GetTree() != nullptr ? UI_GetTree()->GetHost().GetTime() : mLastTyped;
-  auto const count = static_cast<std::int64_t>(mItems.size());
-  // A word that goes on may stay with its item; a new one looks behind it.
-  std::int64_t const from = mValue < 0 || mValue >= count ? 0 : mValue + (goesOn ? 0 : 1);
-  for (std::int64_t distance = 0; distance < count; ++distance) {
-    std::int64_t const value = (from + distance) % count;
-    if (CanChoose(value) && Folded(mItems[static_cast<std::size_t>(value)].text).starts_with(mTyped)) {
-      Choose(value);
-      return true;
-    }
+bool UI_Popup::ChooseTyped(moxcore::Utf16String const& typed) {
+  auto const textOf = [this](std::int64_t value) {
+    return CanChoose(value) ? std::optional(mItems[static_cast<std::size_t>(value)].text) : std::nullopt;
+  };
+  auto const found =
+      mTypeAhead.Type(typed, GetTypingTime(), static_cast<std::int64_t>(mItems.size()), mValue, textOf);
+  if (found) {
+    Choose(*found);
   }
-  return false;
+  return found.has_value();
 }
 
 }  // namespace moxui::controls

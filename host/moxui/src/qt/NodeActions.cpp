@@ -93,6 +93,8 @@ QStringList NodeInterface::actionNames() const {
       [[fallthrough]];
     case AccessibleRole::kButton:
     case AccessibleRole::kTab:
+    case AccessibleRole::kRow:
+    case AccessibleRole::kColumnHeader:
       names.push_back(pressAction());
       break;
     case AccessibleRole::kCheckBox:
@@ -205,6 +207,7 @@ void NodeInterface::TellState() {
   changed.checkable = now.checkable != mToldState.checkable;
   changed.checked = now.checked != mToldState.checked;
   changed.checkStateMixed = now.checkStateMixed != mToldState.checkStateMixed;
+  changed.selected = now.selected != mToldState.selected;
   changed.expanded = now.expanded != mToldState.expanded;
   changed.collapsed = now.collapsed != mToldState.collapsed;
   changed.editable = now.editable != mToldState.editable;

@@ -248,6 +248,8 @@ QAccessible::State NodeInterface::state() const {
   state.expandable = own.isExpandable;
   state.expanded = own.isExpandable && own.isExpanded;
   state.collapsed = own.isExpandable && !own.isExpanded;
+  state.selectable = own.isSelectable;
+  state.selected = own.isSelected;
   state.hasPopup = own.hasPopup;
   state.defaultButton = own.isDefault;
   state.editable = own.isEditable;

@@ -19,6 +19,7 @@
 #include <QMenu>
 #include <QMimeData>
 #include <QPixmap>
+#include <algorithm>
 #include <cmath>
 
 namespace moxui::qt {
@@ -130,7 +131,7 @@ QCursor QtCursor::ToQCursor(platform::CursorID cursor) const {
   return custom != mCustom.end() ? custom->second : QCursor(Qt::ArrowCursor);
 }
 
-int QtMenus::Popup(std::vector<ui::OS_MenuItem> const& items, PointT<float> globalPoint, int initialID) {
+int QtMenus::Popup(std::vector<ui::OS_MenuItem> const& items, platform::MenuPlace const& place) {
   QMenu menu;
   menu.setLayoutDirection(skins::IsRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight);
   QAction* initial = nullptr;
@@ -145,11 +146,16 @@ int QtMenus::Popup(std::vector<ui::OS_MenuItem> const& items, PointT<float> glob
     action->setEnabled(item.isEnabled);
     action->setCheckable(item.isChecked);
     action->setChecked(item.isChecked);
-    if (item.id == initialID) {
+    if (item.id == place.initialID) {
       initial = action;
     }
   }
-  QAction const* const chosen = menu.exec(ToQPoint(globalPoint), initial);
+  menu.setMinimumWidth(static_cast<int>(std::lround(place.minimumWidth)));
+  QPoint corner = ToQPoint(place.point);
+  if (skins::IsRightToLeft()) {
+    corner.rx() -= std::max(menu.sizeHint().width(), menu.minimumWidth());
+  }
+  QAction const* const chosen = menu.exec(corner, initial);
   return chosen != nullptr ? chosen->data().toInt() : 0;
 }
 

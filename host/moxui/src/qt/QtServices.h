@@ -39,7 +39,7 @@ class QtCursor final : public platform::CursorControl {
 
 class QtMenus final : public platform::MenuPresenter {
  public:
-  int Popup(std::vector<ui::OS_MenuItem> const& items, PointT<float> globalPoint, int initialID) override;
+  int Popup(std::vector<ui::OS_MenuItem> const& items, platform::MenuPlace const& place) override;
 };
 
 class QtDragSource final : public platform::DragSource {

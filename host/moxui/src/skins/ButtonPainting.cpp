@@ -10,6 +10,7 @@
 #include <moxui/skins/ControlState.h>
 #include <moxui/skins/Design.h>
 #include <moxui/skins/DrawButtonParameters.h>
+#include <moxui/skins/LayoutDirection.h>
 #include <moxui/skins/SkinSet.h>
 #include <moxui/skins/Theme.h>
 
@@ -30,15 +31,6 @@ ColorRGBA Shifted(ColorRGBA const& colour, float by) {
 
 bool IsHighContrast(DrawButtonParameters const& parameters) {
   return ui::GetThemeOf(parameters.GetTheme()).GetID() == ui::ThemeID::kHighContrast;
-}
-
-bool ShowsContainer(DrawButtonParameters const& parameters) {
-  if (!parameters.ShouldDrawContainer()) {
-    return false;
-  }
-  Interaction const interaction = GetInteraction(parameters.GetControlState());
-  bool const isActive = interaction == Interaction::kHover || interaction == Interaction::kPressed;
-  return !parameters.Components().IsQuiet() || isActive || parameters.HasSelectedAppearance();
 }
 
 // The V7 look parts a button from its ground by the fill alone, unless that is too near to the ground.
@@ -73,11 +65,14 @@ void PaintGround(scriber::Scriber* scriber, DrawButtonParameters const& paramete
 
 void PaintHoldIcon(scriber::Scriber* scriber, DrawButtonParameters const& parameters) {
   RectT<float> const& rect = parameters.GetRectF();
-  PointT<float> const corner(rect.Right() - kHoldIconInset, rect.Bottom() - kHoldIconInset);
+  bool const isMirrored = IsRightToLeft();
+  float const toward = isMirrored ? kHoldIconSize : -kHoldIconSize;
+  PointT<float> const corner(isMirrored ? rect.left + kHoldIconInset : rect.Right() - kHoldIconInset,
+                             rect.Bottom() - kHoldIconInset);
   scriber::SupplierInterface const& supplier = *scriber->GetSupplier();
   scriber::PathP const path = supplier.NewPath();
   path->MoveTo(corner);
-  path->LineTo({corner.x - kHoldIconSize, corner.y});
+  path->LineTo({corner.x + toward, corner.y});
   path->LineTo({corner.x, corner.y - kHoldIconSize});
   path->Close();
   scriber::BrushP const brush =
@@ -92,7 +87,7 @@ void PaintButton(scriber::Scriber* scriber, DrawButtonParameters const& paramete
   if (rect.IsEmpty()) {
     return;
   }
-  if (ShowsContainer(parameters)) {
+  if (parameters.ShowsContainer()) {
     PaintGround(scriber, parameters);
     if (ShowsFrame(parameters)) {
       FrameBox(scriber, rect, parameters.GetCornerRadius(),

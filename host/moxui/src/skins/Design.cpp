@@ -3,6 +3,8 @@
 #include <moxui/skins/DrawButtonParameters.h>
 #include <moxui/skins/Theme.h>
 
+#include <optional>
+
 namespace moxui::skins::design {
 namespace {
 
@@ -13,20 +15,41 @@ bool IsFilledWithInteractive(ButtonComponents const& components) {
          (components.IsSelected() && components.IsEmphasized());
 }
 
+/// The grounds of a strongly coloured button, and what stands on them.
+struct StrongRoles {
+  ThemeColorID idle;
+  ThemeColorID hover;
+  ThemeColorID pressed;
+  ThemeColorID onGround;
+};
+
+constexpr StrongRoles kInteractiveRoles{ThemeColorID::kInteractive, ThemeColorID::kInteractiveHover,
+                                        ThemeColorID::kInteractivePressed, ThemeColorID::kOnInteractive};
+constexpr StrongRoles kNegativeRoles{ThemeColorID::kNegative, ThemeColorID::kNegativeHover,
+                                     ThemeColorID::kNegativePressed, ThemeColorID::kOnNegative};
+
+/// Null for a button in the theme's grays.
+StrongRoles const* GetStrongRoles(ButtonComponents const& components) {
+  if (components.GetVariant() == ButtonVariant::kNegative) {
+    return &kNegativeRoles;
+  }
+  return IsFilledWithInteractive(components) ? &kInteractiveRoles : nullptr;
+}
+
 ThemeColorID FillRole(DrawButtonParameters const& parameters) {
   ButtonComponents const& components = parameters.Components();
   Interaction const interaction = GetInteraction(parameters.GetControlState());
   if (interaction == Interaction::kDisabled) {
     return ThemeColorID::kButtonFillDisabled;
   }
-  if (IsFilledWithInteractive(components)) {
+  if (StrongRoles const* const strong = GetStrongRoles(components)) {
     switch (interaction) {
       case Interaction::kPressed:
-        return ThemeColorID::kInteractivePressed;
+        return strong->pressed;
       case Interaction::kHover:
-        return ThemeColorID::kInteractiveHover;
+        return strong->hover;
       default:
-        return ThemeColorID::kInteractive;
+        return strong->idle;
     }
   }
   if (interaction == Interaction::kPressed) {
@@ -39,18 +62,23 @@ ThemeColorID FillRole(DrawButtonParameters const& parameters) {
 }
 
 ThemeColorID OutlineRole(DrawButtonParameters const& parameters) {
+  StrongRoles const* const strong = GetStrongRoles(parameters.Components());
   switch (GetInteraction(parameters.GetControlState())) {
     case Interaction::kDisabled:
       return ThemeColorID::kButtonOutlineDisabled;
     case Interaction::kPressed:
     case Interaction::kHover:
-      return IsFilledWithInteractive(parameters.Components()) ? ThemeColorID::kInteractivePressed
-                                                              : ThemeColorID::kButtonOutlineActive;
+      return strong != nullptr ? strong->pressed : ThemeColorID::kButtonOutlineActive;
     case Interaction::kIdle:
       break;
   }
-  return IsFilledWithInteractive(parameters.Components()) ? ThemeColorID::kInteractivePressed
-                                                          : ThemeColorID::kButtonOutline;
+  return strong != nullptr ? strong->pressed : ThemeColorID::kButtonOutline;
+}
+
+/// What stands on a strongly coloured ground, if that is drawn.
+std::optional<ThemeColorID> OnStrongGround(DrawButtonParameters const& parameters) {
+  StrongRoles const* const strong = GetStrongRoles(parameters.Components());
+  return strong != nullptr && parameters.ShowsContainer() ? std::optional(strong->onGround) : std::nullopt;
 }
 
 ThemeColorID LabelRole(DrawButtonParameters const& parameters) {
@@ -58,18 +86,15 @@ ThemeColorID LabelRole(DrawButtonParameters const& parameters) {
   if (interaction == Interaction::kDisabled) {
     return ThemeColorID::kButtonTextDisabled;
   }
-  if (IsFilledWithInteractive(parameters.Components()) && parameters.ShouldDrawContainer()) {
-    return ThemeColorID::kOnInteractive;
-  }
   bool const isActive = interaction != Interaction::kIdle || parameters.HasSelectedAppearance();
-  return isActive ? ThemeColorID::kButtonTextActive : ThemeColorID::kButtonText;
+  return OnStrongGround(parameters)
+      .value_or(isActive ? ThemeColorID::kButtonTextActive : ThemeColorID::kButtonText);
 }
 
 ThemeColorID IconRestRole(DrawButtonParameters const& parameters) {
-  if (IsFilledWithInteractive(parameters.Components()) && parameters.ShouldDrawContainer()) {
-    return ThemeColorID::kOnInteractive;
-  }
-  return parameters.HasSelectedAppearance() ? ThemeColorID::kButtonTextActive : ThemeColorID::kButtonText;
+  return OnStrongGround(parameters)
+      .value_or(parameters.HasSelectedAppearance() ? ThemeColorID::kButtonTextActive
+                                                   : ThemeColorID::kButtonText);
 }
 
 }  // namespace

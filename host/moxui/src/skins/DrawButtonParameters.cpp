@@ -1,3 +1,4 @@
+#include <moxui/skins/ControlState.h>
 #include <moxui/skins/DrawButtonParameters.h>
 #include <moxui/skins/SkinSet.h>
 
@@ -23,6 +24,12 @@ void DrawButtonParameters::SetDefaults() {
   defaults.mSkinSet = mSkinSet;
   defaults.mCornerRadius = mSkinSet->GetNumber(SkinNumber::kCornerRadius);
   *this = std::move(defaults);
+}
+
+bool DrawButtonParameters::ShowsContainer() const {
+  Interaction const interaction = GetInteraction(mState);
+  bool const isActive = interaction == Interaction::kHover || interaction == Interaction::kPressed;
+  return mDrawContainer && (!mComponents.IsQuiet() || isActive || HasSelectedAppearance());
 }
 
 void DrawButtonParameters::SetDrawButtonFace(moxcore::utility::IntrusivePtr<DrawButtonFace> face) {

@@ -57,11 +57,18 @@ PopupLayout GetPopupLayout(RectT<float> const& rect, SkinSet const& skinSet) {
       .arrow = arrow};
 }
 
-void PaintPopupBox(scriber::Scriber* scriber, RectT<float> const& rect, bool drawDivider,
+void PaintPopupBox(scriber::Scriber* scriber, RectT<float> const& rect, PopupBox const& box,
                    ControlLook const& look) {
+  RectT<float> const arrow = GetPopupLayout(rect, *look.skinSet).arrow;
+  Interaction const interaction = look.GetInteraction();
+  bool const isActive = interaction == Interaction::kHover || interaction == Interaction::kPressed;
+  if (box.isQuiet && !isActive) {
+    PaintArrow(scriber, arrow, look);
+    return;
+  }
   ThemeColorID fill = ThemeColorID::kButtonFill;
   ThemeColorID outline = ThemeColorID::kButtonOutline;
-  switch (look.GetInteraction()) {
+  switch (interaction) {
     case Interaction::kIdle:
       break;
     case Interaction::kHover:
@@ -80,8 +87,7 @@ void PaintPopupBox(scriber::Scriber* scriber, RectT<float> const& rect, bool dra
   float const radius = look.Number(SkinNumber::kCornerRadius);
   FillBox(scriber, rect, radius, look.Color(fill));
   FrameBox(scriber, rect, radius, look.Color(outline), 1.0f);
-  RectT<float> const arrow = GetPopupLayout(rect, *look.skinSet).arrow;
-  if (drawDivider && !look.IsV7()) {
+  if (box.drawDivider && !look.IsV7()) {
     float const divider = IsRightToLeft() ? arrow.Right() - 1.0f : arrow.left;
     scriber->GetSurface()->FillRect(
         {divider, rect.top + kDividerInset, 1.0f, rect.height - 2.0f * kDividerInset}, look.Color(outline));

@@ -19,8 +19,12 @@ struct PopupLayout {
 };
 PopupLayout GetPopupLayout(RectT<float> const& rect, SkinSet const& skinSet);
 
+struct PopupBox {
+  bool drawDivider = true;  ///< between text and arrow, in the classic look
+  bool isQuiet = false;     ///< no ground and frame until the pointer comes
+};
 /// Ground, frame, divider and arrow.
-void PaintPopupBox(scriber::Scriber* scriber, RectT<float> const& rect, bool drawDivider,
+void PaintPopupBox(scriber::Scriber* scriber, RectT<float> const& rect, PopupBox const& box,
                    ControlLook const& look);
 
 ColorRGBA GetPopupTextColor(ControlLook const& look);

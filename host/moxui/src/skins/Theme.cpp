@@ -75,6 +75,14 @@ ColorRGBA Theme::GetColor(ThemeColorID id) const {
       return mPalette->interactivePressed;
     case ThemeColorID::kOnInteractive:
       return mPalette->onInteractive;
+    case ThemeColorID::kNegative:
+      return mPalette->negative;
+    case ThemeColorID::kNegativeHover:
+      return mPalette->negativeHover;
+    case ThemeColorID::kNegativePressed:
+      return mPalette->negativePressed;
+    case ThemeColorID::kOnNegative:
+      return mPalette->onNegative;
     case ThemeColorID::kSelectionFill:
       return mPalette->interactive.WithAlpha(kSelectionOpacity);
     case ThemeColorID::kRangeBandDark:

@@ -20,6 +20,10 @@ struct ThemePalette {
   ColorRGBA interactiveHover;
   ColorRGBA interactivePressed;
   ColorRGBA onInteractive;
+  ColorRGBA negative;
+  ColorRGBA negativeHover;
+  ColorRGBA negativePressed;
+  ColorRGBA onNegative;
   /// Play range bands, on this theme's empty track.
   ColorRGBA rangeBandDark;
   ColorRGBA rangeBandLight;

@@ -1,6 +1,8 @@
 #include "NodeAccess.h"
+#include "ShowsText.h"
 
 #include <moxui/ui/AutoLayout.h>
+#include <moxui/ui/UI_LayoutView.h>
 #include <moxui/ui/UI_SubView.h>
 
 #include <algorithm>
@@ -16,18 +18,6 @@ bool OverlapsVertically(RectT<float> const& a, RectT<float> const& b) {
 
 bool OverlapsHorizontally(RectT<float> const& a, RectT<float> const& b) {
   return a.left < b.Right() && b.left < a.Right();
-}
-
-bool ShowsText(UI_Node const& node) {
-  switch (node.UI_GetAccessibleRole()) {
-    case AccessibleRole::kStaticText:
-    case AccessibleRole::kButton:
-    case AccessibleRole::kCheckBox:
-    case AccessibleRole::kRadioButton:
-      return true;
-    default:
-      return false;
-  }
 }
 
 RectT<float> PlaceOf(UI_Node const& node) {
@@ -91,6 +81,10 @@ void FitChild(UI_SubView& view, UI_Node& child, AutoLayoutFlags flags, scriber::
 void FitView(UI_SubView& view, scriber::Scriber* scriber) {
   AutoLayoutFlags const flags = GetAutoLayoutFlags(view);
   if (!flags.isOn) {
+    return;
+  }
+  if (auto* const row = dynamic_cast<UI_LayoutView*>(&view); row != nullptr && flags.isHorizontal) {
+    row->UI_LayoutChildren();
     return;
   }
   RectT<float> const before = PlaceOf(view);

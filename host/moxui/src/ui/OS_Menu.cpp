@@ -44,7 +44,9 @@ int OS_Menu::Popup(PointT<float> globalPoint) {
     return item != mItems.end() && item->isEnabled ? *answer : 0;
   }
   auto* const application = platform::Application::Get();
-  return application != nullptr ? application->GetMenus().Popup(mItems, globalPoint, mInitialItem) : 0;
+  platform::MenuPlace const place{
+      .point = globalPoint, .initialID = mInitialItem, .minimumWidth = mMinimumWidth};
+  return application != nullptr ? application->GetMenus().Popup(mItems, place) : 0;
 }
 
 moxcore::utility::IntrusivePtr<OS_Menu> CreateOSMenu() {

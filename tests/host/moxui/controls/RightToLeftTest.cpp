@@ -131,6 +131,36 @@ TEST_F(RightToLeft, APopupHasItsTextAtTheRight) {
   EXPECT_FLOAT_EQ(text.point.x, 130.0f - skins::SkinSet::Get().GetNumber(skins::SkinNumber::kTextInset));
 }
 
+TEST_F(RightToLeft, APopupsMenuOpensAtItsRightCorner) {
+  auto const popup = Put<UI_Popup>({10, 10, 130, 24});
+  popup->AddItem(u"Stereo");
+  testing::ModalAnswers answers;
+  mStage.Click(mStage.CenterOf(*popup));
+  popup->SetValue(0);
+  mStage.Click(mStage.CenterOf(*popup));
+  skins::SetRightToLeft(false);
+  mStage.Click(mStage.CenterOf(*popup));
+  skins::SetRightToLeft(true);
+  ASSERT_EQ(answers.GetRecords().size(), 3u);
+  EXPECT_EQ(answers.GetRecords()[0].position, PointT<float>(140, 34));
+  EXPECT_EQ(answers.GetRecords()[1].position, PointT<float>(140, 10));
+  EXPECT_EQ(answers.GetRecords()[2].position, PointT<float>(10, 10));
+}
+
+TEST_F(RightToLeft, AHoldIconIsInTheLeftCorner) {
+  auto const button = Put<UI_Button>({0, 0, 40, 24});
+  button->SetShowHoldIcon(true);
+  testing::RecordingSupplier supplier;
+  scriber::SurfaceP const surface = supplier.NewOffscreenSurface(200, 40, 1.0f);
+  scriber::Scriber scriber(&supplier, surface.Get());
+  button->UI_Draw(&scriber);
+  EXPECT_EQ(supplier.GetCalls("FillPath").back().path.front().points.front(), PointT<float>(3, 21));
+  skins::SetRightToLeft(false);
+  button->UI_Draw(&scriber);
+  skins::SetRightToLeft(true);
+  EXPECT_EQ(supplier.GetCalls("FillPath").back().path.front().points.front(), PointT<float>(37, 21));
+}
+
 TEST_F(RightToLeft, ATextBeginsAtTheRightUntilItsAlignmentIsSet) {
   auto const text = Put<UI_StaticText>({10, 10, 120, 16});
   text->SetValue(u"Gain");

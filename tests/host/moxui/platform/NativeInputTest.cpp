@@ -2,6 +2,7 @@
 
 #include <moxui/platform/Application.h>
 #include <moxui/platform/FileDialogs.h>
+#include <moxui/skins/LayoutDirection.h>
 #include <moxui/testing/ModalAnswers.h>
 #include <moxui/ui/OS_Menu.h>
 
@@ -12,6 +13,7 @@
 #include <QKeyEvent>
 #include <QMenu>
 #include <QPointingDevice>
+#include <QScreen>
 #include <QTabletEvent>
 #include <QWidget>
 
@@ -146,6 +148,55 @@ TEST_F(NativeMenu, GivesNoneWhenItIsClosed) {
   App().PostDelayed(0, [] { QApplication::activePopupWidget()->close(); });
 
   EXPECT_EQ(menu->Popup({20, 20}), 0);
+}
+
+/// Where a menu stands while it is open.
+QRect PlaceOfOpenMenu(ui::OS_Menu& menu, PointT<float> point) {
+  QRect place;
+  App().PostDelayed(0, [&] {
+    place = QApplication::activePopupWidget()->geometry();
+    QApplication::activePopupWidget()->close();
+  });
+  EXPECT_EQ(menu.Popup(point), 0);
+  return place;
+}
+
+TEST_F(NativeMenu, OpensWithItsLeadingEdgeAtThePoint) {
+  EXPECT_EQ(PlaceOfOpenMenu(*menu, {300, 100}).topLeft(), QPoint(300, 100));
+  skins::SetRightToLeft(true);
+  QRect const mirrored = PlaceOfOpenMenu(*menu, {300, 100});
+  skins::SetRightToLeft(false);
+  EXPECT_EQ(mirrored.x() + mirrored.width(), 300);
+  EXPECT_EQ(mirrored.y(), 100);
+}
+
+TEST_F(NativeMenu, IsAsWideAsItsBoxAtLeast) {
+  int const natural = PlaceOfOpenMenu(*menu, {300, 100}).width();
+  menu->SetMinimumWidth(20);
+  EXPECT_EQ(PlaceOfOpenMenu(*menu, {300, 100}).width(), natural);
+  menu->SetMinimumWidth(260);
+  EXPECT_EQ(PlaceOfOpenMenu(*menu, {300, 100}).width(), 260);
+  skins::SetRightToLeft(true);
+  QRect const mirrored = PlaceOfOpenMenu(*menu, {300, 100});
+  skins::SetRightToLeft(false);
+  EXPECT_EQ(mirrored.x(), 40);
+}
+
+TEST_F(NativeMenu, StaysOnTheScreen) {
+  for (int item = 3; item < 30; ++item) {
+    menu->AddItem(item, u"Item");
+  }
+  QRect const screen = QGuiApplication::primaryScreen()->availableGeometry();
+  for (PointT<float> const corner :
+       {PointT<float>(0, 0), PointT<float>(static_cast<float>(screen.right()), 0),
+        PointT<float>(0, static_cast<float>(screen.bottom())),
+        PointT<float>(static_cast<float>(screen.right()), static_cast<float>(screen.bottom()))}) {
+    for (bool const rightToLeft : {false, true}) {
+      skins::SetRightToLeft(rightToLeft);
+      EXPECT_TRUE(screen.contains(PlaceOfOpenMenu(*menu, corner))) << corner.x << ", " << corner.y;
+      skins::SetRightToLeft(false);
+    }
+  }
 }
 
 TEST(FileDialogs, AreAnsweredForATest) {

@@ -70,6 +70,9 @@ TEST_P(ThemeContrast, OfTextIsFourAndAHalfOnEveryGroundItStandsOn) {
                       {kOnInteractive, kInteractive},
                       {kOnInteractive, kInteractiveHover},
                       {kOnInteractive, kInteractivePressed},
+                      {kOnNegative, kNegative},
+                      {kOnNegative, kNegativeHover},
+                      {kOnNegative, kNegativePressed},
                       {kTableText, kPanelBackground},
                       {kTableText, kTableAlternateRow},
                       {kGray8, kPanelBackground},
@@ -95,6 +98,7 @@ TEST_P(ThemeContrast, OfFocusRingsAndActiveOutlinesIsThree) {
                       {kButtonOutlineActive, kTabBackground},
                       {kScrollBarThumb, kScrollBarTrack},
                       {kScrollBarThumbActive, kScrollBarTrack},
+                      {kNegative, kPanelBackground},
                       {kInteractive, kFieldOutlineDisabled}});
 }
 
@@ -116,7 +120,8 @@ TEST_P(ThemeContrast, OfAButtonsLabelHoldsInEveryStateAndAppearance) {
   };
   Provider const provider(GetTheme());
   for (unsigned const state : {0u, kRollover, kPressed, kPressed | kRollover}) {
-    for (auto const variant : {skins::ButtonVariant::kPlain, skins::ButtonVariant::kPrimary}) {
+    for (auto const variant : {skins::ButtonVariant::kPlain, skins::ButtonVariant::kPrimary,
+                               skins::ButtonVariant::kSecondary, skins::ButtonVariant::kNegative}) {
       for (bool const selected : {false, true}) {
         skins::DrawButtonParameters parameters(skins::ButtonComponents(variant), state);
         parameters.SetTheme(&provider);

@@ -29,11 +29,12 @@ class UI_Button : public UI_InteractiveControlView {
 
   // Behaviour
   void SetButtonStyle(ButtonStyle style) { mStyle = style; }
+  ButtonStyle GetButtonStyle() const { return mStyle; }
   /// A spring-loaded button is pressed only while held: it never stays on.
   void SetSpringLoaded(bool springLoaded) { mSpringLoaded = springLoaded; }
   bool IsSpringLoaded() const { return mSpringLoaded; }
   /// Notifies at the press rather than at the release.
-  void SetNotifiesOnMouseDown(bool notifies) { mNotifiesOnMouseDown = notifies; }
+  void SetNotificationOnMouseDown(bool notifies) { mNotificationOnMouseDown = notifies; }
   /// Whether a press takes the focus, as at first, if the button wants it.
   void SetChangeFocusOnClick(bool changes) { mChangeFocusOnClick = changes; }
   /// Presses the button as a key would. Nothing happens while it is disabled.
@@ -43,6 +44,10 @@ class UI_Button : public UI_InteractiveControlView {
   /// The button that Enter means in its dialog.
   void SetDefaultAppearance(bool isDefault);
   bool GetDefaultAppearance() const { return mIsDefault; }
+  /// The button that carries out what its dialog is for: it is drawn as the primary one, unless it has a
+  /// variant of its own.
+  void SetCommitAppearance(bool commits);
+  bool GetCommitAppearance() const { return mCommits; }
   /// A frame even while idle, as at first.
   void SetDisplayBorderAlways(bool displays);
   bool ShouldDisplayBorderAlways() const { return mDisplayBorderAlways; }
@@ -52,15 +57,28 @@ class UI_Button : public UI_InteractiveControlView {
   bool ShouldDisplayContainerAlways() const { return mDisplayContainerAlways; }
   /// Widths of the frame: with the default appearance, and without. 2 and 1 at first.
   void SetStrokeSizes(float withDefault, float withoutDefault);
+  void SetStrokeSize1(float withDefault) { SetStrokeSizes(withDefault, mStrokeSizes.second); }
+  void SetStrokeSize2(float withoutDefault) { SetStrokeSizes(mStrokeSizes.first, withoutDefault); }
   std::pair<float, float> GetStrokeSizes() const { return mStrokeSizes; }
   void SetContentOffset(PointT<float> offset);
+  void SetContentOffsetX(float x) { SetContentOffset({x, mContentOffset.y}); }
+  void SetContentOffsetY(float y) { SetContentOffset({mContentOffset.x, y}); }
   PointT<float> GetContentOffset() const { return mContentOffset; }
   /// How far the content moves while the button is down; (0, 0) at first.
   void SetDownOffset(PointT<float> offset);
+  void SetDownOffsetX(float x) { SetDownOffset({x, mDownOffset.y}); }
+  void SetDownOffsetY(float y) { SetDownOffset({mDownOffset.x, y}); }
+  PointT<float> GetDownOffset() const { return mDownOffset; }
   /// Empty: that of the skin set.
   void SetCornerRadius(std::optional<float> radius);
   void SetSuppressFocusDrawing(bool suppress);
   void SetComponents(ButtonComponents const& components);
+  void SetComponentSize(ComponentSize size);
+  void SetVariant(ButtonVariant variant);
+  void SetQuiet(bool quiet);
+  /// On, it shows in the interactive colour.
+  void SetEmphasized(bool emphasized);
+  void SetShowHoldIcon(bool shows);
   ButtonComponents const& GetComponents() const { return mComponents; }
 
   /// What the button's own drawing is made with; a face is not among it.
@@ -115,9 +133,10 @@ class UI_Button : public UI_InteractiveControlView {
   FocusVisibility mFocusVisibility;
   bool mValue = false;
   bool mSpringLoaded = false;
-  bool mNotifiesOnMouseDown = false;
+  bool mNotificationOnMouseDown = false;
   bool mChangeFocusOnClick = true;
   bool mIsDefault = false;
+  bool mCommits = false;
   bool mDisplayBorderAlways = true;
   bool mDisplayBorderNever = false;
   bool mDisplayContainerAlways = true;

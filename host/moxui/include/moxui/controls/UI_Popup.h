@@ -1,6 +1,7 @@
 #pragma once
 
 #include <moxui/controls/ControlText.h>
+#include <moxui/controls/TypeAhead.h>
 #include <moxui/controls/UI_Button.h>
 
 #include <cstdint>
@@ -9,7 +10,8 @@
 namespace moxui::controls {
 
 enum class PopupType { kList = 0 };
-enum class PopupVariant { kStandard = 0 };
+/// A quiet popup has no box of its own until the pointer comes.
+enum class PopupVariant { kStandard = 0, kQuiet = 1 };
 enum class ItemCheckStyle { kNone = 0, kCurrent = 1 };
 
 /// One line of a popup's menu. With an empty text it is a divider.
@@ -63,6 +65,10 @@ class UI_Popup : public UI_Button {
   void SetItemCheckStyle(ItemCheckStyle style) { mCheckStyle = style; }
   void SetTextTruncation(TextTruncation truncation);
   void SetAlwaysNotify(bool always) { mAlwaysNotify = always; }
+  void SetPopupType(PopupType type) { mType = type; }
+  PopupType GetPopupType() const { return mType; }
+  void SetPopupVariantType(PopupVariant variant);
+  PopupVariant GetPopupVariantType() const { return mVariant; }
   /// Whether a line divides the text from the arrow in the classic look, as at first.
   void SetDrawDivider(bool draws);
   void SetFontIndex(ui::FontIndex index);
@@ -87,9 +93,8 @@ class UI_Popup : public UI_Button {
   bool CanChoose(std::int64_t value) const;
   void Choose(std::int64_t value);
   bool Step(int step);
-  /// Whether what is typed now goes on from what was typed before.
-  bool IsTypingOn() const;
-  bool TypeAhead(moxcore::Utf16String const& typed);
+  double GetTypingTime() const;
+  bool ChooseTyped(moxcore::Utf16String const& typed);
 
   std::vector<PopupItem> mItems;
   std::int64_t mValue = kNoItem;
@@ -97,10 +102,11 @@ class UI_Popup : public UI_Button {
   moxcore::Utf16String mValueString;
   bool mShowsValueString = false;
   ItemCheckStyle mCheckStyle = ItemCheckStyle::kNone;
+  PopupType mType;
+  PopupVariant mVariant;
   bool mAlwaysNotify = false;
   bool mDrawDivider = true;
-  moxcore::Utf16String mTyped;
-  double mLastTyped = 0.0;
+  TypeAhead mTypeAhead;
 };
 
 }  // namespace moxui::controls

@@ -15,6 +15,7 @@ class UI_TextButton : public UI_Button {
   void SetTextLabel(moxcore::Utf16String text);
   void SetLabelText(moxcore::Utf8String const& text);
   moxcore::Utf16String const& GetTextLabel() const { return mLabel.text; }
+  /// The middle at first.
   void SetAlignment(ControlAlignment alignment);
   void SetTextIndent(float indent);
   void SetTextTruncation(TextTruncation truncation);

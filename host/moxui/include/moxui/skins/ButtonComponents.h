@@ -8,7 +8,8 @@ enum class ComponentSize { kDefault = 0, kMedium = 1, kSmall = 2, kLarge = 3 };
 /// How much room a control leaves around its content.
 enum class ComponentDensity { kRegular = 0, kCompact = 1 };
 
-/// What a button stands for in the V7 look.
+/// What a button stands for: primary carries out what its window is for, negative destroys something. The
+/// classic look parts them by their colours too.
 enum class ButtonVariant { kPlain = 0, kPrimary = 1, kSecondary = 2, kNegative = 3 };
 
 // The mix-ins hold what archives and clients say about a control in the V7 look. All are plain values.
@@ -17,6 +18,8 @@ class SizedComponent {
  public:
   void SetComponentSize(ComponentSize size) { mComponentSize = size; }
   ComponentSize GetComponentSize() const { return mComponentSize; }
+
+  friend bool operator==(SizedComponent const&, SizedComponent const&) = default;
 
  private:
   ComponentSize mComponentSize = ComponentSize::kDefault;
@@ -28,6 +31,8 @@ class QuietComponent {
   void SetQuiet(bool quiet) { mIsQuiet = quiet; }
   bool IsQuiet() const { return mIsQuiet; }
 
+  friend bool operator==(QuietComponent const&, QuietComponent const&) = default;
+
  private:
   bool mIsQuiet = false;
 };
@@ -36,6 +41,8 @@ class SelectableComponent {
  public:
   void SetSelected(bool selected) { mIsSelected = selected; }
   bool IsSelected() const { return mIsSelected; }
+
+  friend bool operator==(SelectableComponent const&, SelectableComponent const&) = default;
 
  private:
   bool mIsSelected = false;
@@ -47,6 +54,8 @@ class EmphasizedComponent {
   void SetEmphasized(bool emphasized) { mIsEmphasized = emphasized; }
   bool IsEmphasized() const { return mIsEmphasized; }
 
+  friend bool operator==(EmphasizedComponent const&, EmphasizedComponent const&) = default;
+
  private:
   bool mIsEmphasized = false;
 };
@@ -57,6 +66,8 @@ class HoldIconComponent {
   void SetShowHoldIcon(bool shows) { mShowsHoldIcon = shows; }
   bool ShowsHoldIcon() const { return mShowsHoldIcon; }
 
+  friend bool operator==(HoldIconComponent const&, HoldIconComponent const&) = default;
+
  private:
   bool mShowsHoldIcon = false;
 };
@@ -65,6 +76,8 @@ class DensityComponent {
  public:
   void SetDensity(ComponentDensity density) { mDensity = density; }
   ComponentDensity GetDensity() const { return mDensity; }
+
+  friend bool operator==(DensityComponent const&, DensityComponent const&) = default;
 
  private:
   ComponentDensity mDensity = ComponentDensity::kRegular;
@@ -82,6 +95,8 @@ class ButtonComponents : public SizedComponent,
 
   void SetVariant(ButtonVariant variant) { mVariant = variant; }
   ButtonVariant GetVariant() const { return mVariant; }
+
+  friend bool operator==(ButtonComponents const&, ButtonComponents const&) = default;
 
  private:
   ButtonVariant mVariant;

@@ -32,6 +32,8 @@ class DrawButtonParameters {
   /// drawn.
   void SetDrawContainer(bool draws) { mDrawContainer = draws; }
   bool ShouldDrawContainer() const { return mDrawContainer; }
+  /// Whether it shows in the state at hand: that of a quiet button only while it is active or selected.
+  bool ShowsContainer() const;
   /// Toggled on, or the default button of its window.
   void SetSelectedAppearance(bool selected) { mComponents.SetSelected(selected); }
   bool HasSelectedAppearance() const { return mComponents.IsSelected(); }

@@ -26,6 +26,10 @@ enum class ThemeColorID : unsigned {
   kOnInteractive,  ///< text and marks on a ground in the interactive colour
   kInteractiveHover,
   kInteractivePressed,
+  kNegative,  ///< ground of what destroys something
+  kNegativeHover,
+  kNegativePressed,
+  kOnNegative,  ///< text and marks on that ground
 
   kScrollBarThumb = 40,
   kScrollBarThumbActive,  ///< under the pointer or dragged

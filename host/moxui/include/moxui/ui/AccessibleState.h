@@ -10,6 +10,8 @@ struct AccessibleState {
   bool isMixed = false;  ///< neither on nor off, as of several things that differ
   bool isExpandable = false;
   bool isExpanded = false;
+  bool isSelectable = false;  ///< one of several, of which some are selected
+  bool isSelected = false;
   bool hasPopup = false;
   bool isPressed = false;
   bool isDefault = false;  ///< the button that Enter means

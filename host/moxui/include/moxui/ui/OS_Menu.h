@@ -28,14 +28,18 @@ class OS_Menu : public moxcore::utility::RefCountedObject {
   void DeleteAllItems() { mItems.clear(); }
   /// The item that opens under the point; 0, as at first: none, the menu opens below it.
   void SetInitialItem(int id) { mInitialItem = id; }
-
   std::vector<OS_MenuItem> const& GetItems() const { return mItems; }
-  /// Opens at a point of the desktop and waits. The chosen id; 0 for none, and at once for an empty menu.
+  /// As wide as the box that it opens for, at least; 0 at first.
+  void SetMinimumWidth(float width) { mMinimumWidth = width; }
+
+  /// Opens at a point of the desktop and waits: its left edge is there, or its right one where the interface
+  /// is laid out from right to left. The chosen id; 0 for none, and at once for an empty menu.
   int Popup(PointT<float> globalPoint);
 
  private:
   std::vector<OS_MenuItem> mItems;
   int mInitialItem = 0;
+  float mMinimumWidth = 0.0f;
 };
 
 moxcore::utility::IntrusivePtr<OS_Menu> CreateOSMenu();

@@ -1,0 +1,80 @@
+// What a button is drawn with: setters that repaint it when something changes.
+#include <moxui/controls/UI_Button.h>
+
+namespace moxui::controls {
+
+void UI_Button::SetDefaultAppearance(bool isDefault) {
+  StoreVisual(mIsDefault, isDefault);
+}
+
+void UI_Button::SetCommitAppearance(bool commits) {
+  StoreVisual(mCommits, commits);
+}
+
+void UI_Button::SetDisplayBorderAlways(bool displays) {
+  StoreVisual(mDisplayBorderAlways, displays);
+}
+
+void UI_Button::SetDisplayBorderNever(bool never) {
+  StoreVisual(mDisplayBorderNever, never);
+}
+
+void UI_Button::SetDisplayContainerAlways(bool displays) {
+  StoreVisual(mDisplayContainerAlways, displays);
+}
+
+void UI_Button::SetStrokeSizes(float withDefault, float withoutDefault) {
+  StoreVisual(mStrokeSizes, std::pair(withDefault, withoutDefault));
+}
+
+void UI_Button::SetContentOffset(PointT<float> offset) {
+  StoreVisual(mContentOffset, offset);
+}
+
+void UI_Button::SetDownOffset(PointT<float> offset) {
+  StoreVisual(mDownOffset, offset);
+}
+
+void UI_Button::SetCornerRadius(std::optional<float> radius) {
+  StoreVisual(mCornerRadius, radius);
+}
+
+void UI_Button::SetSuppressFocusDrawing(bool suppress) {
+  StoreVisual(mSuppressFocusDrawing, suppress);
+}
+
+void UI_Button::SetComponents(ButtonComponents const& components) {
+  StoreVisual(mComponents, components);
+}
+
+void UI_Button::SetComponentSize(ComponentSize size) {
+  ButtonComponents components = mComponents;
+  components.SetComponentSize(size);
+  SetComponents(components);
+}
+
+void UI_Button::SetVariant(ButtonVariant variant) {
+  ButtonComponents components = mComponents;
+  components.SetVariant(variant);
+  SetComponents(components);
+}
+
+void UI_Button::SetQuiet(bool quiet) {
+  ButtonComponents components = mComponents;
+  components.SetQuiet(quiet);
+  SetComponents(components);
+}
+
+void UI_Button::SetEmphasized(bool emphasized) {
+  ButtonComponents components = mComponents;
+  components.SetEmphasized(emphasized);
+  SetComponents(components);
+}
+
+void UI_Button::SetShowHoldIcon(bool shows) {
+  ButtonComponents components = mComponents;
+  components.SetShowHoldIcon(shows);
+  SetComponents(components);
+}
+
+}  // namespace moxui::controls

@@ -79,15 +79,31 @@ std::vector<KeyLine> TextEditKeys() {
            "$$$/playground/keys/clipboard/text=Cut, copy, paste"}};
 }
 
+std::vector<KeyLine> TreeKeys() {
+  return {kTab,
+          {"$$$/playground/keys/tree/move=Up, Down, Page Up, Page Down, Home, End",
+           "$$$/playground/keys/tree/move/text=Choose a row; with Shift, as many as lie between"},
+          {"$$$/playground/keys/leftRight=Left, Right",
+           "$$$/playground/keys/leftRight/tree=Close or open a row; in the header, go from name to name"},
+          {"$$$/playground/keys/tree/width=Shift+Left, Shift+Right",
+           "$$$/playground/keys/tree/width/text=In the header: a narrower or wider column"},
+          {"$$$/playground/keys/letters=Letters",
+           "$$$/playground/keys/letters/tree=Choose the next row that begins with what is typed"}};
+}
+
 struct KeysByPage {
   std::string_view page;
   std::vector<KeyLine> (*keys)();
 };
 
-constexpr KeysByPage kPages[] = {
-    {"buttons", ButtonKeys},    {"checkbox", CheckboxKeys},      {"popup", PopupKeys},
-    {"slider", SliderKeys},     {"scroll-view", ScrollViewKeys}, {"hot-text", HotTextKeys},
-    {"text-edit", TextEditKeys}};
+constexpr KeysByPage kPages[] = {{"buttons", ButtonKeys},
+                                 {"checkbox", CheckboxKeys},
+                                 {"popup", PopupKeys},
+                                 {"slider", SliderKeys},
+                                 {"scroll-view", ScrollViewKeys},
+                                 {"hot-text", HotTextKeys},
+                                 {"text-edit", TextEditKeys},
+                                 {"tree", TreeKeys}};
 
 }  // namespace
 

@@ -1,10 +1,12 @@
 #include "controls/ControlPages.h"
 
 #include "audio/TransportIcons.h"
+#include "controls/BoxSamples.h"
 #include "controls/ControlKeys.h"
 #include "controls/ControlPage.h"
 #include "controls/SampleState.h"
 #include "controls/ScrollSample.h"
+#include "controls/TreeSample.h"
 #include "program/Localized.h"
 #include "shell/Named.h"
 #include "shell/Painting.h"
@@ -59,6 +61,31 @@ Control TextButton(bool isDefault, bool toggles) {
   if (toggles) {
     button->SetButtonStyle(moxui::controls::ButtonStyle::kToggle);
     button->SetValue(true);
+  }
+  return Focusable(std::move(button));
+}
+
+enum class Accent { kNegative, kQuiet, kEmphasized, kHoldIcon };
+
+Control AccentedButton(Accent accent) {
+  auto button =
+      MakeIntrusive<UI_TextButton>(accent == Accent::kNegative ? Text16("$$$/playground/sample/delete=Delete")
+                                                               : Text16("$$$/playground/sample/loop=Loop"));
+  switch (accent) {
+    case Accent::kNegative:
+      button->SetVariant(moxui::controls::ButtonVariant::kNegative);
+      break;
+    case Accent::kQuiet:
+      button->SetQuiet(true);
+      break;
+    case Accent::kEmphasized:
+      button->SetButtonStyle(moxui::controls::ButtonStyle::kToggle);
+      button->SetEmphasized(true);
+      button->SetValue(true);
+      break;
+    case Accent::kHoldIcon:
+      button->SetShowHoldIcon(true);
+      break;
   }
   return Focusable(std::move(button));
 }
@@ -132,6 +159,16 @@ Control Popup(bool checks) {
   popup->SetValue(1);
   popup->SetItemCheckStyle(checks ? moxui::controls::ItemCheckStyle::kCurrent
                                   : moxui::controls::ItemCheckStyle::kNone);
+  return Focusable(std::move(popup));
+}
+
+Control QuietPopup() {
+  auto popup = MakeIntrusive<Named<UI_Popup>>(Text("$$$/playground/sample/layout=Channel layout"),
+                                              moxui::controls::PopupType::kList,
+                                              moxui::controls::PopupVariant::kQuiet);
+  popup->AddItem(Text16("$$$/playground/sample/layout/mono=Mono"));
+  popup->AddItem(Text16("$$$/playground/sample/layout/stereo=Stereo"));
+  popup->SetValue(1);
   return Focusable(std::move(popup));
 }
 
@@ -240,6 +277,13 @@ std::vector<ControlSample> Buttons() {
       {"$$$/playground/sample/textButton=Text", [] { return TextButton(false, false); }, 96.0f},
       {"$$$/playground/sample/defaultButton=Default", [] { return TextButton(true, false); }, 96.0f},
       {"$$$/playground/sample/toggleButton=Toggle", [] { return TextButton(false, true); }, 96.0f},
+      {"$$$/playground/sample/emphasizedButton=Emphasised",
+       [] { return AccentedButton(Accent::kEmphasized); }, 96.0f},
+      {"$$$/playground/sample/negativeButton=Negative", [] { return AccentedButton(Accent::kNegative); },
+       96.0f},
+      {"$$$/playground/sample/quietButton=Quiet", [] { return AccentedButton(Accent::kQuiet); }, 96.0f},
+      {"$$$/playground/sample/holdButton=With a hold icon", [] { return AccentedButton(Accent::kHoldIcon); },
+       96.0f},
       {"$$$/playground/sample/pictureButton=Picture", [] { return PictureButton(); }, 32.0f},
       {"$$$/playground/sample/pictureTextButton=Picture and text", [] { return PictureTextButton(); }, 96.0f},
       {"$$$/playground/sample/disclosure=Disclosure triangle", [] { return DisclosureTriangle(); }},
@@ -273,7 +317,8 @@ std::vector<ControlSample> Texts() {
 std::vector<ControlSample> Popups() {
   return {{"$$$/playground/sample/popupPlain=Without marks", [] { return Popup(false); }, 200.0f},
           {"$$$/playground/sample/popupChecked=With a check mark", [] { return Popup(true); }, 200.0f},
-          {"$$$/playground/sample/popupText=With a text of its own", [] { return EmptyPopup(); }, 200.0f}};
+          {"$$$/playground/sample/popupText=With a text of its own", [] { return EmptyPopup(); }, 200.0f},
+          {"$$$/playground/sample/popupQuiet=Quiet", [] { return QuietPopup(); }, 200.0f}};
 }
 
 std::vector<ControlSample> Sliders() {
@@ -291,6 +336,29 @@ std::vector<ControlSample> ScrollViews() {
   return {{"$$$/playground/sample/scrollVertical=Fits the width", [] { return ScrollSample(false); }, 280.0f,
            140.0f},
           {"$$$/playground/sample/scrollBoth=Both ways", [] { return ScrollSample(true); }, 280.0f, 140.0f}};
+}
+
+std::vector<ControlSample> Trees() {
+  return {
+      {"$$$/playground/sample/treeTakes=A hundred thousand rows", [] { return TreeSample(TreeKind::kTakes); },
+       280.0f, 160.0f},
+      {"$$$/playground/sample/treeChannels=Controls in cells", [] { return TreeSample(TreeKind::kChannels); },
+       280.0f, 160.0f},
+      {"$$$/playground/sample/treeBins=Nested", [] { return TreeSample(TreeKind::kBins); }, 280.0f, 160.0f}};
+}
+
+std::vector<ControlSample> Boxes() {
+  using moxui::controls::ChromeType;
+  return {{"$$$/playground/sample/boxOutline=Outline", [] { return BoxSample(ChromeType::kOutline, 0.0f); },
+           240.0f, 64.0f},
+          {"$$$/playground/sample/boxTwoLines=Two lines",
+           [] { return BoxSample(ChromeType::kOutline, 1.0f); }, 240.0f, 64.0f},
+          {"$$$/playground/sample/boxFilled=Filled", [] { return BoxSample(ChromeType::kFilled, 0.0f); },
+           240.0f, 64.0f},
+          {"$$$/playground/sample/rowAtRight=Buttons at the right", [] { return ButtonRowSample(true); },
+           280.0f, 24.0f},
+          {"$$$/playground/sample/rowAtLeft=Buttons at the left", [] { return ButtonRowSample(false); },
+           280.0f, 24.0f}};
 }
 
 std::vector<ControlSample> TextEdits() {
@@ -333,6 +401,15 @@ std::vector<PageDescriptor> ControlPages() {
                 "number, "
                 "or click and type.",
                 HotTexts),
+      Described(
+          "tree", "$$$/playground/page/tree=Tree",
+          "$$$/playground/page/tree/text=Rows in columns, any number of them, with whatever cells hold.",
+          Trees, {SampleState::kNormal, SampleState::kHover, SampleState::kFocused, SampleState::kDisabled}),
+      Described(
+          "box", "$$$/playground/page/box=Boxes and rows",
+          "$$$/playground/page/box/text=Frames around what belongs together, and rows of buttons that make "
+          "room for their texts.",
+          Boxes, {SampleState::kNormal, SampleState::kDisabled}),
       Described("text-edit", "$$$/playground/page/textEdit=Text field",
                 "$$$/playground/page/textEdit/text=Text to be edited, a line or several. Enter commits, "
                 "Escape takes "

@@ -11,8 +11,8 @@ using Families = std::map<std::string_view, ArchiveClass const*>;
 Families const& AllClasses() {
   static Families const all = [] {
     Families classes;
-    for (auto const family :
-         {NodeClasses(), ControlClasses(), ButtonClasses(), PopupClasses(), TextClasses()}) {
+    for (auto const family : {NodeClasses(), ControlClasses(), ButtonClasses(), PopupClasses(), TextClasses(),
+                              ContainerClasses()}) {
       for (ArchiveClass const& one : family) {
         classes.emplace(one.name, &one);
       }

@@ -13,6 +13,7 @@ std::span<ArchiveClass const> ControlClasses();
 std::span<ArchiveClass const> ButtonClasses();
 std::span<ArchiveClass const> PopupClasses();
 std::span<ArchiveClass const> TextClasses();
+std::span<ArchiveClass const> ContainerClasses();
 
 /// Null for a class that none of the families has.
 ArchiveClass const* FindArchiveClass(std::string_view name);

@@ -55,7 +55,8 @@ TreeRows::RowList TreeRows::RemoveAll() {
   return removed;
 }
 
-// One list of all, so that rows nested deeply end without recursion.
+// One list of all, so that rows nested deeply end without recursion. They are out before their views go: who
+// hears that must not find them any more.
 void TreeRows::TakeApart(RowList const& rows) {
   RowList all = rows;
   for (std::size_t i = 0; i < all.size(); ++i) {
@@ -63,9 +64,6 @@ void TreeRows::TakeApart(RowList const& rows) {
     all.insert(all.end(), children.begin(), children.end());
   }
   for (RowPtr const& row : all) {
-    Detach(*row);
-    row->DropCells();
-    row->mView = nullptr;
     row->mTree = nullptr;
     row->mParent = nullptr;
     row->mIndex = -1;
@@ -76,6 +74,10 @@ void TreeRows::TakeApart(RowList const& rows) {
   std::erase_if(mVisible, isGone);
   std::erase_if(mKept, isGone);
   mIsStale = true;
+  for (RowPtr const& row : all) {
+    Detach(*row);
+    row->DropCells();
+  }
 }
 
 void TreeRows::Flatten() const {

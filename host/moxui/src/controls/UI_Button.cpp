@@ -127,7 +127,7 @@ void UI_Button::BeginPress(ui::MouseEvent const& event) {
   SetDownState(true);
   PressCapture::Start(
       this, event, [this](ui::MouseEvent const& next) { ContinuePress(next); }, [this] { CancelPress(); });
-  if (mNotificationOnMouseDown) {
+  if (mNotifiesOnMouseDown) {
     Clicked();
   }
 }
@@ -139,7 +139,7 @@ void UI_Button::ContinuePress(ui::MouseEvent const& event) {
     return;
   }
   SetDownState(false);
-  if (isInside && !mNotificationOnMouseDown && !IsDisabled()) {
+  if (isInside && !mNotifiesOnMouseDown && !IsDisabled()) {
     Clicked();
   }
 }

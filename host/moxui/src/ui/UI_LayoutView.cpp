@@ -15,12 +15,10 @@ struct Part {
   RectT<float> place;
   float wider;
   bool isAtRight;
+  bool stretches;
 };
 
-bool IsBoundToTheRight(UI_Node const& node) {
-  constexpr unsigned kBits = LayoutBinding::kFreeLeft | LayoutBinding::kBindRight;
-  return (node.UI_GetLayoutBinding() & kBits) == kBits;
-}
+constexpr unsigned kSideways = LayoutBinding::kFreeLeft | LayoutBinding::kBindRight;
 
 bool ShareLine(RectT<float> const& a, RectT<float> const& b) {
   return a.top < b.Bottom() && b.top < a.Bottom();
@@ -40,6 +38,7 @@ void Grow(std::vector<Part>& parts, Part& grown) {
       other.place.left -= grown.wider;
     } else if (!grown.isAtRight && !other.isAtRight && other.place.left >= before.Right()) {
       other.place.left += grown.wider;
+      other.place.width -= other.stretches ? std::min(grown.wider, other.place.width) : 0.0f;
     }
   }
 }
@@ -105,12 +104,14 @@ void UI_LayoutView::UI_LayoutChildren() {
       continue;
     }
     RectT<float> const place = node.UI_GetLocalRectF(RectSpace::kParent);
+    unsigned const sides = node.UI_GetLayoutBinding() & kSideways;
     float const wanted =
         ShowsText(node) ? std::ceil(node.UI_GetRecommendedSizeFromDefaultSupplier().width) : 0.0f;
     parts.push_back({.node = &node,
                      .place = place,
                      .wider = std::max(wanted - place.width, 0.0f),
-                     .isAtRight = IsBoundToTheRight(node)});
+                     .isAtRight = sides == kSideways,
+                     .stretches = sides == LayoutBinding::kBindRight});
   }
   for (Part& part : parts) {
     if (part.wider > 0.0f) {

@@ -171,7 +171,7 @@ TEST_F(Button, AnUnknownToggleTurnsOn) {
 TEST_F(Button, NotifiesAtThePressWhenTold) {
   UI_TextButton& button = Put(kRect);
   ChangeLog const log(button);
-  button.SetNotificationOnMouseDown(true);
+  button.SetNotifiesOnMouseDown(true);
   mStage.Press(Centre());
   EXPECT_EQ(log.changes, 1);
   mStage.Release(Centre());

@@ -66,6 +66,15 @@ TEST_F(LayoutView, OthersGrowToTheRightAndPushWhatLiesThere) {
   EXPECT_EQ(PlaceOf(*far), RectT<float>(265, 0, 40, 24));
 }
 
+TEST_F(LayoutView, WhatStretchesGivesUpTheWidthThatAnotherTakes) {
+  auto const label = Put(u"Preset:", {0, 0, 30, 20}, LayoutBinding::kBindNone);
+  auto const strip = Put(u"", {35, 0, 269, 20}, LayoutBinding::kBindRight);
+  Show();
+  EXPECT_GT(WidthFor(*label), 30.0f);
+  EXPECT_FLOAT_EQ(PlaceOf(*strip).left, WidthFor(*label) + 5.0f);
+  EXPECT_FLOAT_EQ(PlaceOf(*strip).Right(), 304.0f);
+}
+
 TEST_F(LayoutView, NothingShrinksAndALayoutAgainChangesNothing) {
   auto const ok = Put(u"OK", {136, 0, 80, 19}, kAtRight);
   auto const cancel = Put(u"Cancel", {221, 0, 80, 19}, kAtRight);

@@ -34,7 +34,7 @@ class UI_Button : public UI_InteractiveControlView {
   void SetSpringLoaded(bool springLoaded) { mSpringLoaded = springLoaded; }
   bool IsSpringLoaded() const { return mSpringLoaded; }
   /// Notifies at the press rather than at the release.
-  void SetNotificationOnMouseDown(bool notifies) { mNotificationOnMouseDown = notifies; }
+  void SetNotifiesOnMouseDown(bool notifies) { mNotifiesOnMouseDown = notifies; }
   /// Whether a press takes the focus, as at first, if the button wants it.
   void SetChangeFocusOnClick(bool changes) { mChangeFocusOnClick = changes; }
   /// Presses the button as a key would. Nothing happens while it is disabled.
@@ -133,7 +133,7 @@ class UI_Button : public UI_InteractiveControlView {
   FocusVisibility mFocusVisibility;
   bool mValue = false;
   bool mSpringLoaded = false;
-  bool mNotificationOnMouseDown = false;
+  bool mNotifiesOnMouseDown = false;
   bool mChangeFocusOnClick = true;
   bool mIsDefault = false;
   bool mCommits = false;

@@ -7,8 +7,9 @@ namespace moxui::ui {
 
 /// A row of controls that make room for their texts, such as the buttons at the bottom of a dialog. A control
 /// that is too narrow for its text grows: to the left, pushing what lies left of it, if it is bound to the
-/// right edge alone (free left, bind right), else to the right, pushing what lies there. Distances stay;
-/// nothing shrinks, and the view itself keeps its size. It happens before a frame is painted, after the view
+/// right edge alone (free left, bind right), else to the right, pushing what lies there. Distances stay, and
+/// nothing shrinks but what stretches with the view (bind right), which gives up the width that another one
+/// takes. The view itself keeps its size. It happens before a frame is painted, after the view
 /// has come into a tree, changed its size or its look.
 class UI_LayoutView : public UI_SubView {
  public:

@@ -7,7 +7,6 @@ namespace moxui::archive {
 
 namespace {
 
-using controls::ButtonComponents;
 using controls::UI_Button;
 using controls::UI_PictureButton;
 using controls::UI_TextButton;
@@ -18,16 +17,8 @@ void SetBoolean(UI_Button& button, PropertyValue const& value) {
 }
 
 template <auto kSetter>
-void SetComponent(UI_Button& button, PropertyValue const& value) {
-  ButtonComponents components = button.GetComponents();
-  (components.*kSetter)(value.AsBoolean());
-  button.SetComponents(components);
-}
-
-void SetVariant(UI_Button& button, PropertyValue const& value) {
-  ButtonComponents components = button.GetComponents();
-  components.SetVariant(value.AsEnumeration(controls::ButtonVariant::kNegative));
-  button.SetComponents(components);
+void SetFloat(UI_Button& button, PropertyValue const& value) {
+  (button.*kSetter)(value.AsFloat());
 }
 
 void SetCornerRadius(UI_Button& button, PropertyValue const& value) {
@@ -36,42 +27,30 @@ void SetCornerRadius(UI_Button& button, PropertyValue const& value) {
   button.SetCornerRadius(radius < 0.0f ? std::nullopt : std::optional(radius));
 }
 
-enum class Axis { kX, kY };
-
-PointT<float> With(PointT<float> point, Axis axis, float value) {
-  (axis == Axis::kX ? point.x : point.y) = value;
-  return point;
-}
-
-template <Axis kAxis>
-void SetContentOffset(UI_Button& button, PropertyValue const& value) {
-  button.SetContentOffset(With(button.GetContentOffset(), kAxis, value.AsFloat()));
-}
-
 constexpr Property<UI_Button> kButton[] = {
     {"defaultAppearance", SetBoolean<&UI_Button::SetDefaultAppearance>},
-    {"emphasized", SetComponent<&ButtonComponents::SetEmphasized>},
-    {"quiet", SetComponent<&ButtonComponents::SetQuiet>},
-    {"showHoldIcon", SetComponent<&ButtonComponents::SetShowHoldIcon>},
+    {"commitAppearance", SetBoolean<&UI_Button::SetCommitAppearance>},
+    {"emphasized", SetBoolean<&UI_Button::SetEmphasized>},
+    {"quiet", SetBoolean<&UI_Button::SetQuiet>},
+    {"showHoldIcon", SetBoolean<&UI_Button::SetShowHoldIcon>},
     {"style",
      [](UI_Button& button, PropertyValue const& value) {
        button.SetButtonStyle(value.AsEnumeration(controls::ButtonStyle::kToggle));
      }},
-    {"variant", SetVariant},
+    {"variant",
+     [](UI_Button& button, PropertyValue const& value) {
+       button.SetVariant(value.AsEnumeration(controls::ButtonVariant::kNegative));
+     }},
     {"displayBorderAlways", SetBoolean<&UI_Button::SetDisplayBorderAlways>},
     {"displayBorderNever", SetBoolean<&UI_Button::SetDisplayBorderNever>},
-    {"contentOffsetX", SetContentOffset<Axis::kX>},
-    {"contentOffsetY", SetContentOffset<Axis::kY>},
+    {"contentOffsetX", SetFloat<&UI_Button::SetContentOffsetX>},
+    {"contentOffsetY", SetFloat<&UI_Button::SetContentOffsetY>},
+    {"downOffsetX", SetFloat<&UI_Button::SetDownOffsetX>},
+    {"downOffsetY", SetFloat<&UI_Button::SetDownOffsetY>},
     {"downState", SetBoolean<&UI_Button::SetDownState>},
     {"cornerRadius", SetCornerRadius},
-    {"strokeSize1",
-     [](UI_Button& button, PropertyValue const& value) {
-       button.SetStrokeSizes(value.AsFloat(), button.GetStrokeSizes().second);
-     }},
-    {"strokeSize2",
-     [](UI_Button& button, PropertyValue const& value) {
-       button.SetStrokeSizes(button.GetStrokeSizes().first, value.AsFloat());
-     }},
+    {"strokeSize1", SetFloat<&UI_Button::SetStrokeSize1>},
+    {"strokeSize2", SetFloat<&UI_Button::SetStrokeSize2>},
     {"springLoaded", SetBoolean<&UI_Button::SetSpringLoaded>},
     {"notificationOnMouseDown", SetBoolean<&UI_Button::SetNotifiesOnMouseDown>},
 };
@@ -79,7 +58,8 @@ constexpr Property<UI_Button> kButton[] = {
 constexpr Property<UI_PictureButton> kPictureButton[] = {
     {"imageName",
      [](UI_PictureButton& button, PropertyValue const& value) { button.SetImageName(value.AsName()); }},
-    {"isImageLoaded", Nothing<UI_PictureButton>},
+    {"isImageLoaded", [](UI_PictureButton& button,
+                         PropertyValue const& value) { button.SetIsImageLoaded(value.AsBoolean()); }},
 };
 
 constexpr Property<UI_TextButton> kTextButton[] = {

@@ -19,11 +19,14 @@ void SetItems(UI_Popup& popup, PropertyValue const& value) {
 
 constexpr Property<UI_Popup> kPopup[] = {
     {"popupItems", SetItems},
-    // There is one of either.
     {"popupType",
-     [](UI_Popup&, PropertyValue const& value) { value.AsEnumeration(controls::PopupType::kList); }},
+     [](UI_Popup& popup, PropertyValue const& value) {
+       popup.SetPopupType(value.AsEnumeration(controls::PopupType::kList));
+     }},
     {"popupVariantType",
-     [](UI_Popup&, PropertyValue const& value) { value.AsEnumeration(controls::PopupVariant::kStandard); }},
+     [](UI_Popup& popup, PropertyValue const& value) {
+       popup.SetPopupVariantType(value.AsEnumeration(controls::PopupVariant::kQuiet));
+     }},
     {"drawDivider",
      [](UI_Popup& popup, PropertyValue const& value) { popup.SetDrawDivider(value.AsBoolean()); }},
     {"alwaysNotify",

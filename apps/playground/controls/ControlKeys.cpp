@@ -81,11 +81,12 @@ std::vector<KeyLine> TextEditKeys() {
 
 std::vector<KeyLine> TreeKeys() {
   return {kTab,
-          {"$$$/playground/keys/tree/move=Up, Down, Page Up, Page Down, Home, End",
-           "$$$/playground/keys/tree/move/text=Choose a row; with Shift, as many as lie between"},
+          {"$$$/playground/keys/tree/move=Up, Down, Home, End",
+           "$$$/playground/keys/tree/move/text=Choose a row, with Page Up and Page Down a page away; with "
+           "Shift, all between"},
           {"$$$/playground/keys/leftRight=Left, Right",
            "$$$/playground/keys/leftRight/tree=Close or open a row; in the header, go from name to name"},
-          {"$$$/playground/keys/tree/width=Shift+Left, Shift+Right",
+          {"$$$/playground/keys/tree/width=Shift+Left, Right",
            "$$$/playground/keys/tree/width/text=In the header: a narrower or wider column"},
           {"$$$/playground/keys/letters=Letters",
            "$$$/playground/keys/letters/tree=Choose the next row that begins with what is typed"}};

@@ -48,7 +48,6 @@ struct WaveformSettings {
   bool sampleDots = true;
   DetailChoice detail = DetailChoice::kAutomatic;
   RulerUnit rulerUnit = RulerUnit::kTime;
-  bool playheadInMilliseconds = false;  // its field; else in samples
 
   bool centerlines = true;
   bool dividers = true;
@@ -56,7 +55,8 @@ struct WaveformSettings {
   int timeGridSpacing = 0;                // logical pixels between two lines; 0: at the ruler's labels
   int amplitudeDivisions = kDecibelGrid;  // lines between silence and full scale; 0: none
   bool alignBottom = false;
-  std::optional<double> drawScale;  // nothing: the scale of the screen
+  bool playheadInMilliseconds = false;  // the field of its position; else in samples
+  std::optional<double> drawScale;      // nothing: the scale of the screen
 
   double zoom = 1.0;  // of the amplitude
   double gainDecibel = 0.0;

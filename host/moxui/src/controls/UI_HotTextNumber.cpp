@@ -237,7 +237,7 @@ void UI_HotTextNumber::ChangeAtOnce(double value) {
 
 bool UI_HotTextNumber::DoValueKey(ui::KeyboardEvent const& event) {
   double const step = IncrementFor(event.GetModKey());
-  double value = mValue;
+  double value = 0.0;
   switch (event.GetCode()) {
     case KeyboardCode::kUp:
     case KeyboardCode::kRight:

@@ -35,7 +35,7 @@ qsizetype WholeCharacters(QString const& text, qsizetype place) {
   return place;
 }
 
-QString Cut(QString text, qsizetype length) {
+QString Cut(QString const& text, qsizetype length) {
   return text.left(WholeCharacters(text, length));
 }
 
@@ -59,7 +59,7 @@ QString Fit(QString const& text, bool multiLine, std::size_t maxLength) {
                : isMark        ? QChar(QChar::ReplacementCharacter)
                                : unit;
   }
-  return maxLength > 0 ? Cut(std::move(fitting), static_cast<qsizetype>(maxLength)) : fitting;
+  return maxLength > 0 ? Cut(fitting, static_cast<qsizetype>(maxLength)) : fitting;
 }
 
 /// The command that a key means on this desktop.
@@ -210,7 +210,7 @@ class QtTextEditor final : public platform::TextEditor {
     if (mMaxLength > 0) {
       auto const kept = Length() - (cursor.selectionEnd() - cursor.selectionStart());
       auto const room = std::max<qsizetype>(static_cast<qsizetype>(mMaxLength) - kept, 0);
-      fitting = Cut(std::move(fitting), room);
+      fitting = Cut(fitting, room);
     }
     cursor.insertText(fitting);
     mEdit.setTextCursor(cursor);

@@ -1,3 +1,5 @@
+#include "StandIn.h"
+
 #include <moxui/testing/DragHand.h>
 #include <moxui/testing/Stage.h>
 #include <moxui/ui/UI_DragDropHandler.h>
@@ -18,11 +20,10 @@ int ProposedEffect(int offered) {
 
 }  // namespace
 
-DragHand::DragHand(Stage& stage) : mStage(stage), mPrevious(platform::SetDragSource(this)) {}
-
-DragHand::~DragHand() {
-  platform::SetDragSource(mPrevious);
-}
+DragHand::DragHand(Stage& stage)
+    : mStage(stage),
+      mStandIn(std::make_unique<StandIn<platform::DragSource>>(&platform::SetDragSource, this)) {}
+DragHand::~DragHand() = default;
 
 void DragHand::DropAt(PointT<float> point) {
   mPoint = point;

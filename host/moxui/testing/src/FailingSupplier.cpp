@@ -22,12 +22,17 @@ bool FailingSupplier::Refusals::Take(Refusal refusal) {
   return found->second-- > 0;
 }
 
+scriber::SurfaceP FailingSurface::Around(scriber::SurfaceP inner,
+                                         std::shared_ptr<FailingSupplier::Refusals> refusals) {
+  return inner ? moxcore::utility::MakeIntrusive<FailingSurface>(std::move(inner), std::move(refusals))
+               : nullptr;
+}
+
 scriber::SurfaceP FailingSurface::NewOffscreenSurface(int width, int height) const {
   if (!mRefusals->Take(Refusal::kLayer)) {
     return nullptr;
   }
-  return moxcore::utility::MakeIntrusive<FailingSurface>(mInner->NewOffscreenSurface(width, height),
-                                                         mRefusals);
+  return FailingSurface::Around(mInner->NewOffscreenSurface(width, height), mRefusals);
 }
 
 FailingSupplier::FailingSupplier(scriber::SupplierInterface const& inner)
@@ -42,7 +47,7 @@ void FailingSupplier::Allow(Refusal refusal) {
 }
 
 scriber::SurfaceP FailingSupplier::Wrap(scriber::SurfaceP inner) const {
-  return moxcore::utility::MakeIntrusive<FailingSurface>(std::move(inner), mRefusals);
+  return FailingSurface::Around(std::move(inner), mRefusals);
 }
 
 scriber::PenP FailingSupplier::NewPen(ColorRGBA const& colour, float width) const {

@@ -10,6 +10,10 @@ namespace moxui::testing {
 /// Hands everything on to another surface, except layers and snapshots that are refused.
 class FailingSurface : public scriber::SurfaceInterface {
  public:
+  /// Null for none.
+  static scriber::SurfaceP Around(scriber::SurfaceP inner,
+                                  std::shared_ptr<FailingSupplier::Refusals> refusals);
+
   FailingSurface(scriber::SurfaceP inner, std::shared_ptr<FailingSupplier::Refusals> refusals)
       : mInner(std::move(inner)), mRefusals(std::move(refusals)) {}
 

@@ -1,16 +1,17 @@
+#include "StandIn.h"
+
 #include <moxui/testing/ModalAnswers.h>
 #include <moxui/testing/Stage.h>
 
 #include <algorithm>
+#include <stdexcept>
 #include <utility>
 
 namespace moxui::testing {
 
-ModalAnswers::ModalAnswers() : mPrevious(platform::SetModalResponder(this)) {}
-
-ModalAnswers::~ModalAnswers() {
-  platform::SetModalResponder(mPrevious);
-}
+ModalAnswers::ModalAnswers()
+    : mStandIn(std::make_unique<StandIn<platform::ModalResponder>>(&platform::SetModalResponder, this)) {}
+ModalAnswers::~ModalAnswers() = default;
 
 void ModalAnswers::Expect(int answer) {
   mAnswers.emplace_back([answer](platform::ModalRequest&) { return answer; });
@@ -34,6 +35,9 @@ void ModalAnswers::ExpectDriven(std::function<void(Stage&)> drive) {
 
 void ModalAnswers::ExpectItem(moxcore::Utf16String text) {
   Expect([text = std::move(text)](platform::ModalRequest& request) {
+    if (request.menuItems == nullptr) {
+      throw std::logic_error("a box that is no menu was asked for an item");
+    }
     auto const& items = *request.menuItems;
     auto const item = std::ranges::find(items, text, &ui::OS_MenuItem::text);
     return item != items.end() ? item->id : 0;

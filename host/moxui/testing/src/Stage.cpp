@@ -1,3 +1,5 @@
+#include "StandIn.h"
+
 #include <moxcore/threads/HighPrecisionTime.h>
 #include <moxcore/utility/IntrusivePtr.h>
 #include <moxui/scriber/Scriber.h>
@@ -43,8 +45,7 @@ moxcore::utility::IntrusivePtr<ui::UI_Node> NewRootView() {
 class Stage::Clock final : public moxcore::threads::HighPrecisionTime::Clock {
  public:
   explicit Clock(Stage const& stage)
-      : mStage(stage), mPrevious(moxcore::threads::HighPrecisionTime::SetClock(this)) {}
-  ~Clock() override { moxcore::threads::HighPrecisionTime::SetClock(mPrevious); }
+      : mStage(stage), mStandIn(&moxcore::threads::HighPrecisionTime::SetClock, this) {}
 
   moxcore::threads::HighPrecisionTime::TimeStamp Now() const noexcept override {
     return static_cast<moxcore::threads::HighPrecisionTime::TimeStamp>(mStage.GetTime() * 1e6);
@@ -52,7 +53,7 @@ class Stage::Clock final : public moxcore::threads::HighPrecisionTime::Clock {
 
  private:
   Stage const& mStage;
-  moxcore::threads::HighPrecisionTime::Clock const* mPrevious;
+  StandIn<moxcore::threads::HighPrecisionTime::Clock const> mStandIn;
 };
 
 Stage::Stage(ExtentT<float> size)

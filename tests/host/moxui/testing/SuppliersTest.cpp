@@ -131,4 +131,16 @@ TEST(FailingSupplier, RefusesLayersAndSnapshotsOfItsSurfaces) {
   EXPECT_EQ(recording.GetCalls("FillRect").size(), 1u);
 }
 
+TEST(FailingSupplier, GivesNoSurfaceWhereTheOtherSupplierHasNone) {
+  RecordingSupplier recording;
+  FailingSupplier none(recording);
+  FailingSupplier supplier(none);
+  auto const surface = supplier.NewOffscreenSurface(4, 4, 1.0f);
+  none.Refuse(Refusal::kOffscreenSurface);
+  none.Refuse(Refusal::kLayer);
+  EXPECT_FALSE(supplier.NewOffscreenSurface(4, 4, 1.0f));
+  EXPECT_FALSE(surface->NewOffscreenSurface(2, 2));
+  EXPECT_FALSE(supplier.Wrap(nullptr));
+}
+
 }  // namespace

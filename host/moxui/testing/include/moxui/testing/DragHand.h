@@ -4,11 +4,14 @@
 #include <moxui/platform/DragSource.h>
 #include <moxui/ui/DragData.h>
 
+#include <memory>
 #include <optional>
 
 namespace moxui::testing {
 
 class Stage;
+template <class T>
+class StandIn;
 
 /// Drags in a user's place while it lives: what a node of a stage begins to drag (OS_SendData::DoDrag) is
 /// taken to a place on that stage and dropped there, or given up on the way. As on a desktop the pointer's
@@ -31,7 +34,7 @@ class DragHand : public platform::DragSource {
 
  private:
   Stage& mStage;
-  platform::DragSource* mPrevious;
+  std::unique_ptr<StandIn<platform::DragSource>> mStandIn;
   PointT<float> mPoint;
   bool mDrops = false;
   std::optional<ui::TransferData> mDragged;

@@ -35,7 +35,7 @@ class FailingSupplier : public scriber::SupplierInterface {
   /// Refuses from now on, after so many successes more.
   void Refuse(Refusal refusal, int after = 0);
   void Allow(Refusal refusal);
-  /// A surface that draws on `inner` and knows what is refused.
+  /// A surface that draws on `inner` and knows what is refused; null for none.
   scriber::SurfaceP Wrap(scriber::SurfaceP inner) const;
 
   scriber::PenP NewPen(ColorRGBA const& colour, float width) const override;

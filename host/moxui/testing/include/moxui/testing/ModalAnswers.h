@@ -4,11 +4,14 @@
 
 #include <deque>
 #include <functional>
+#include <memory>
 #include <vector>
 
 namespace moxui::testing {
 
 class Stage;
+template <class T>
+class StandIn;
 
 /// What a box asked, kept after it closed.
 struct ModalRecord {
@@ -36,7 +39,8 @@ class ModalAnswers : public platform::ModalResponder {
   /// Puts the box on a stage of its size, with the focus as it opens, for a test to drive it as a user would;
   /// what the events answer counts, 0 if they answer nothing.
   void ExpectDriven(std::function<void(Stage&)> drive);
-  /// Chooses the item of a menu by its text; none, as a hand would, if there is none of that text.
+  /// Chooses the item of a menu by its text; none, as a hand would, if there is none of that text. Throws
+  /// std::logic_error when the box is no menu.
   void ExpectItem(moxcore::Utf16String text);
   void SetDefault(int answer) { mDefault = answer; }
   std::vector<ModalRecord> const& GetRecords() const { return mRecords; }
@@ -45,7 +49,7 @@ class ModalAnswers : public platform::ModalResponder {
   std::optional<int> Answer(platform::ModalRequest& request) override;
 
  private:
-  platform::ModalResponder* mPrevious;
+  std::unique_ptr<StandIn<platform::ModalResponder>> mStandIn;
   std::deque<Function> mAnswers;
   std::vector<ModalRecord> mRecords;
   int mDefault = 0;

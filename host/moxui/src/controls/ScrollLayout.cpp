@@ -40,6 +40,11 @@ ScrollLayout GetScrollLayout(ExtentT<float> extent, float thickness, bool allows
   return layout;
 }
 
+float HoldOffset(float offset, float maximum) {
+  // Written so that what isn't a number is 0.
+  return offset > 0.0f && maximum > 0.0f ? std::min(offset, maximum) : 0.0f;
+}
+
 float GetOffsetThatShows(float offset, float viewed, float begin, float length) {
   if (begin < offset || length > viewed) {
     return begin;

@@ -24,6 +24,9 @@ ScrollLayout GetScrollLayout(ExtentT<float> extent, float thickness, bool allows
                              bool isMirrored,
                              std::function<ExtentT<float>(float width)> const& contentExtent);
 
+/// An offset held to 0 and its maximum; 0 for what is not a number.
+float HoldOffset(float offset, float maximum);
+
 /// The offset nearest to `offset` at which a stretch is seen; its beginning, if it is longer than what is
 /// seen.
 float GetOffsetThatShows(float offset, float viewed, float begin, float length);

@@ -99,8 +99,8 @@ void UI_ScrollView::Update() {
       {std::max(rect.width, 0.0f), std::max(rect.height, 0.0f)}, thickness, mBarX != nullptr,
       mBarY != nullptr, skins::IsRightToLeft(), [this](float width) { return ContentExtent(width); });
   mClipView->UI_SetLocalRectF(layout.viewed);
-  PointT<float> const offset(std::clamp(mOffset.x, 0.0f, layout.MaximumOffset().x),
-                             std::clamp(mOffset.y, 0.0f, layout.MaximumOffset().y));
+  PointT<float> const offset(HoldOffset(mOffset.x, layout.MaximumOffset().x),
+                             HoldOffset(mOffset.y, layout.MaximumOffset().y));
   RectT<float> const content(-offset.x, -offset.y, layout.content.width, layout.content.height);
   bool const hasScrolled = offset != mOffset;
   mOffset = offset;
@@ -129,8 +129,8 @@ RectT<float> UI_ScrollView::GetViewedRect() const {
 void UI_ScrollView::ScrollTo(PointT<float> offset) {
   RectT<float> const viewed = GetViewedRect();
   RectT<float> const content = mContentView->UI_GetLocalRectF(ui::RectSpace::kOwn);
-  PointT<float> const held(std::clamp(offset.x, 0.0f, std::max(content.width - viewed.width, 0.0f)),
-                           std::clamp(offset.y, 0.0f, std::max(content.height - viewed.height, 0.0f)));
+  PointT<float> const held(HoldOffset(offset.x, content.width - viewed.width),
+                           HoldOffset(offset.y, content.height - viewed.height));
   if (held == mOffset) {
     return;
   }

@@ -18,7 +18,7 @@ class UI_ScrollBar : public UI_InteractiveControlView {
   /// How wide a bar is, by the running look.
   static float GetThickness();
 
-  // Silent, clamped.
+  // Silent, clamped; what isn't a number is 0.
   void SetLengths(float content, float viewed);
   void SetOffset(float offset);
   float GetOffset() const { return mOffset; }

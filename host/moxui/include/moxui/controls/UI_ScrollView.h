@@ -51,6 +51,7 @@ class UI_ScrollView : public ui::UI_SubView {
 
   /// What is seen, in the content view's coordinates.
   RectT<float> GetViewedRect() const;
+  /// Held to what can be seen; what isn't a number is 0.
   void ScrollTo(PointT<float> offset);
   /// Moves no further than needed, or with `alignTop` until the rectangle's top is at the top, if the content
   /// reaches so far. The rectangle is in the content view's coordinates.

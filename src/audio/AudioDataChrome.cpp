@@ -1,9 +1,9 @@
 // The chrome of AudioDataDrawBase: what lies under a waveform and between its channels.
-#include "SavedState.h"
 
 #include <moxmediaui/AudioDataDrawBase.h>
 #include <moxui/scriber/PathInterface.h>
 #include <moxui/scriber/PenInterface.h>
+#include <moxui/scriber/SavedState.h>
 #include <moxui/scriber/Scriber.h>
 #include <moxui/scriber/SupplierInterface.h>
 #include <moxui/scriber/SurfaceInterface.h>
@@ -35,7 +35,7 @@ void AudioDataDrawBase::DrawBackground(Scriber* scriber, RectT<int> const& rect,
                                        bool selected, unsigned int channelCount, int channelHeight,
                                        int channelStride, float centre, float scale) const {
   SurfaceInterface& surface = *scriber->GetSurface();
-  SavedState const state(surface);
+  moxui::scriber::SavedState const state(surface);
   PathP const clipPath = scriber->GetSupplier()->NewPath();
   clipPath->AddRect(RectT<float>(clip));
   surface.ClipToPath(*clipPath, FillRule::kWinding);
@@ -52,7 +52,7 @@ void AudioDataDrawBase::DrawGridLines(Scriber* scriber, RectT<int> const& rect, 
     return;
   }
   SurfaceInterface& surface = *scriber->GetSurface();
-  SavedState const state(surface);
+  moxui::scriber::SavedState const state(surface);
   surface.SetSmoothing(Smoothing::kOff);
   PenP const pen = scriber->GetSupplier()->NewPen(colour, kLineWidth);
   PathP const path = scriber->GetSupplier()->NewPath();
@@ -100,7 +100,7 @@ void AudioDataDrawBase::DrawDividerLines(Scriber* scriber, RectT<int> const& rec
     return;
   }
   SurfaceInterface& surface = *scriber->GetSurface();
-  SavedState const state(surface);
+  moxui::scriber::SavedState const state(surface);
   surface.SetSmoothing(Smoothing::kOff);
   PenP const pen = scriber->GetSupplier()->NewPen(mDividerColor, kLineWidth);
   PathP const path = scriber->GetSupplier()->NewPath();

@@ -3,6 +3,7 @@
 #include "../ui/NodeAccess.h"
 #include "../ui/TreeState.h"
 
+#include <moxui/scriber/SavedState.h>
 #include <moxui/scriber/Scriber.h>
 #include <moxui/scriber/SurfaceInterface.h>
 
@@ -19,24 +20,13 @@ namespace {
 /// More children than this are found by their index.
 constexpr std::size_t kManyChildren = 48;
 
-class SavedState {
- public:
-  explicit SavedState(scriber::SurfaceInterface& surface) : mSurface(&surface) { mSurface->SaveState(); }
-  ~SavedState() { mSurface->RestoreState(); }
-  SavedState(SavedState const&) = delete;
-  SavedState& operator=(SavedState const&) = delete;
-
- private:
-  scriber::SurfaceP mSurface;
-};
-
 bool Meets(RectT<float> const& a, RectT<float> const& b) {
   return a.left < b.Right() && b.left < a.Right() && a.top < b.Bottom() && b.top < a.Bottom();
 }
 
 void DrawNode(UI_Node const& node, scriber::Scriber* scriber, PointT<float> offset) {
   scriber::SurfaceInterface& surface = *scriber->GetSurface();
-  SavedState const saved(surface);
+  scriber::SavedState const saved(surface);
   surface.Translate(offset);
   surface.SetSmoothing(scriber::Smoothing::kAntiAliased);
   surface.SetDrawingMode(scriber::DrawingMode::kInterface);
@@ -56,13 +46,15 @@ void DrawNode(UI_Node const& node, scriber::Scriber* scriber, PointT<float> offs
 
 class PaintingMark {
  public:
-  explicit PaintingMark(ui::TreeState& state) : mState(state) { mState.isPainting = true; }
-  ~PaintingMark() { mState.isPainting = false; }
+  explicit PaintingMark(ui::TreeState& state)
+      : mState(state), mWasPainting(std::exchange(state.isPainting, true)) {}
+  ~PaintingMark() { mState.isPainting = mWasPainting; }
   PaintingMark(PaintingMark const&) = delete;
   PaintingMark& operator=(PaintingMark const&) = delete;
 
  private:
   ui::TreeState& mState;
+  bool mWasPainting;
 };
 
 RectT<float> RoundedOut(RectT<float> const& rect, float scale) {
@@ -121,10 +113,17 @@ void PaintDamage(ui::TreeState& state, scriber::Scriber* scriber,
       clear(pixels);
     }
     if (root) {
-      SavedState const saved(*scriber->GetSurface());
+      scriber::SavedState const saved(*scriber->GetSurface());
       scriber->GetSurface()->ClipToRect(pixels);
       PaintChild(*root, scriber);
     }
+  }
+}
+
+void PaintAll(ui::TreeState& state, scriber::Scriber* scriber) {
+  if (ui::NodePtr const root = state.root) {
+    PaintingMark const mark(state);
+    PaintChild(*root, scriber);
   }
 }
 

@@ -24,4 +24,7 @@ void PaintAtOrigin(ui::UI_Node const& node, scriber::Scriber* scriber);
 void PaintDamage(ui::TreeState& state, scriber::Scriber* scriber,
                  std::function<void(RectT<float> const&)> const& clear);
 
+/// Paints all of a tree, damaged or not, and leaves the damage as it is.
+void PaintAll(ui::TreeState& state, scriber::Scriber* scriber);
+
 }  // namespace moxui::passes

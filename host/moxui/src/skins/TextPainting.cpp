@@ -1,6 +1,7 @@
 #include "TextPainting.h"
 
 #include <moxui/scriber/FontInterface.h>
+#include <moxui/scriber/SavedState.h>
 #include <moxui/scriber/Scriber.h>
 #include <moxui/scriber/SurfaceInterface.h>
 
@@ -42,10 +43,9 @@ void DrawTextLine(scriber::Scriber* scriber, std::u16string_view text, RectT<flo
     surface.DrawText(shown, baseline, font, colour, alignment);
     return;
   }
-  surface.SaveState();
+  scriber::SavedState const saved(surface);
   surface.ClipToRect(box);
   surface.DrawText(shown, baseline, font, colour, alignment);
-  surface.RestoreState();
 }
 
 }  // namespace moxui::skins

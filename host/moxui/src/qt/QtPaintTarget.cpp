@@ -27,9 +27,10 @@ int ToPixel(float edge, float scale, int count) {
 }  // namespace
 
 QtPaintTarget::QtPaintTarget(int width, int height, float scale)
-    : mWidth(std::max(width, 1)), mHeight(std::max(height, 1)), mScale(scale) {
+    : mWidth(std::max(width, 1)), mHeight(std::max(height, 1)) {
   mPixels.assign(static_cast<std::size_t>(mWidth) * static_cast<std::size_t>(mHeight), 0xff000000U);
-  mSurface = scriber::NewRasterSurfaceOver(mPixels.data(), mWidth, mHeight, mWidth * 4, mScale, true);
+  mSurface = scriber::NewRasterSurfaceOver(mPixels.data(), mWidth, mHeight, mWidth * 4, scale, true);
+  mScale = mSurface->GetScale();  // another one where `scale` makes no sense
   mScriber.emplace(scriber::GetRasterSupplier(), mSurface.Get());
 }
 

@@ -22,7 +22,7 @@ class QtPaintTarget final : public platform::PaintTarget {
  private:
   int mWidth;
   int mHeight;
-  float mScale;
+  float mScale = 1;
   std::vector<std::uint32_t> mPixels;
   scriber::SurfaceP mSurface;
   std::optional<scriber::Scriber> mScriber;

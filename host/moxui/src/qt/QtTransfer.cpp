@@ -9,6 +9,15 @@
 
 namespace moxui::qt {
 
+namespace {
+
+/// Texts and files have places of their own.
+bool IsCarriedOtherwise(QString const& format) {
+  return format == "text/uri-list" || format == "text/plain" || format.startsWith("text/plain;");
+}
+
+}  // namespace
+
 ui::TransferData FromMimeData(QMimeData const& mimeData) {
   ui::TransferData data;
   for (QUrl const& url : mimeData.urls()) {
@@ -21,7 +30,7 @@ ui::TransferData FromMimeData(QMimeData const& mimeData) {
     data.text = ToUtf16(mimeData.text());
   }
   for (QString const& format : mimeData.formats()) {
-    if (format.startsWith("text/")) {
+    if (IsCarriedOtherwise(format)) {
       continue;
     }
     QByteArray const bytes = mimeData.data(format);

@@ -44,6 +44,9 @@ bool OS_EditText::UI_DoMouseEvent(ui::UI_Node* node, ui::MouseEvent const& event
     mScroll.x = laid != nullptr ? SidewaysScroll(*laid) : 0.0f;
     UI_GainKeyboardFocus(ui::FocusChangeReason::kPointer);
   }
+  if (!PressCapture::CanStart(*this)) {
+    return true;
+  }
   FinishComposition();
   if (event.IsRightButtonSingleDown()) {
     std::size_t const position = GetPositionAt(event.GetPosition());

@@ -17,7 +17,19 @@ IntrusivePtr<PressCapture> PressCapture::Start(ui::UI_Node* node, ui::MouseEvent
   if (auto* const manager = ui::UI_NodeManager::Get(false)) {
     manager->BeginInputCapture(capture);
   }
-  return capture;
+  return capture->HasBeenCancelled() ? nullptr : capture;
+}
+
+bool PressCapture::CanStart(ui::UI_Node const& node) {
+  if (node.UI_GetTree() == nullptr || node.UI_IsDisabled()) {
+    return false;
+  }
+  for (ui::UI_Node const* up = &node; up != nullptr; up = up->UI_GetParentNode()) {
+    if (!up->UI_IsShown()) {
+      return false;
+    }
+  }
+  return true;
 }
 
 PressCapture::PressCapture(ui::UI_Node* node, ui::MouseEvent const& event, EventFunction onEvent,

@@ -15,7 +15,11 @@ class PressCapture : public ui::InputCapture {
   using EventFunction = std::function<void(ui::MouseEvent const&)>;
   using CancelFunction = std::function<void()>;
 
-  /// Begins a capture for the press `event` on `node`, which is in a tree.
+  /// Whether a press on a node goes on after its handlers: taking the focus may have taken the node out of
+  /// its tree, hidden or disabled it.
+  static bool CanStart(ui::UI_Node const& node);
+  /// Begins a capture for the press `event` on `node`, which is in a tree. Null if what that took the pointer
+  /// from has taken the node out; `onCancel` was called then.
   static moxcore::utility::IntrusivePtr<PressCapture> Start(ui::UI_Node* node, ui::MouseEvent const& event,
                                                             EventFunction onEvent, CancelFunction onCancel);
 

@@ -124,10 +124,13 @@ void UI_Button::TakeFocusForPress() {
 void UI_Button::BeginPress(ui::MouseEvent const& event) {
   moxcore::utility::IntrusivePtr<UI_Button> const self(this);
   TakeFocusForPress();
+  if (!PressCapture::CanStart(*this)) {
+    return;
+  }
   SetDownState(true);
-  PressCapture::Start(
+  auto const capture = PressCapture::Start(
       this, event, [this](ui::MouseEvent const& next) { ContinuePress(next); }, [this] { CancelPress(); });
-  if (mNotifiesOnMouseDown) {
+  if (capture && mNotifiesOnMouseDown) {
     Clicked();
   }
 }

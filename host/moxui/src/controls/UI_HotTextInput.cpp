@@ -37,10 +37,13 @@ bool UI_HotText::UI_DoMouseEvent(ui::UI_Node* node, ui::MouseEvent const& event)
   if (mChangeFocusOnClick && UI_WantsKeyboardFocus()) {
     UI_GainKeyboardFocus(ui::FocusChangeReason::kPointer);
   }
+  if (!PressCapture::CanStart(*this)) {
+    return true;
+  }
   SetDownState(true);
   mCapture = PressCapture::Start(
       this, event, [this](ui::MouseEvent const& next) { PressEvent(next); }, [this] { EndPress(true); });
-  if (CanDrag()) {
+  if (mCapture && CanDrag()) {
     BeginDrag(event);
   }
   return true;

@@ -18,8 +18,10 @@ void UI_OwnerDrawButton::UI_Draw(scriber::Scriber* scriber) const {
     UI_Button::UI_Draw(scriber);
     return;
   }
-  // The function takes the button as clients keep it; drawing doesn't change it.
-  mOwnerDraw(const_cast<UI_OwnerDrawButton*>(this), scriber);
+  // A copy: the function may be replaced while it draws. It takes the button as clients keep it; drawing
+  // doesn't change it.
+  auto const draw = mOwnerDraw;
+  draw(const_cast<UI_OwnerDrawButton*>(this), scriber);
   // NOLINTNEXTLINE(bugprone-parent-virtual-call): in place of what UI_Button does
   ui::UI_SubView::UI_Draw(scriber);
 }

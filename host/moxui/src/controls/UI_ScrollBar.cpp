@@ -1,6 +1,7 @@
 #include "../skins/SliderPainting.h"
 #include "ControlPainting.h"
 #include "PressCapture.h"
+#include "ScrollLayout.h"
 
 #include <moxui/controls/UI_ScrollBar.h>
 #include <moxui/ui/MouseEvent.h>
@@ -32,17 +33,20 @@ float UI_ScrollBar::GetThickness() {
 }
 
 void UI_ScrollBar::SetLengths(float content, float viewed) {
-  if (content == mContent && viewed == mViewed) {
+  // Written so that what isn't a number is 0.
+  float const heldContent = content > 0.0f ? content : 0.0f;
+  float const heldViewed = viewed > 0.0f ? viewed : 0.0f;
+  if (heldContent == mContent && heldViewed == mViewed) {
     return;
   }
-  mContent = content;
-  mViewed = viewed;
+  mContent = heldContent;
+  mViewed = heldViewed;
   SetOffset(mOffset);
   UI_Invalidate();
 }
 
 void UI_ScrollBar::SetOffset(float offset) {
-  float const held = std::clamp(offset, 0.0f, GetMaximumOffset());
+  float const held = HoldOffset(offset, GetMaximumOffset());
   if (held != mOffset) {
     mOffset = held;
     UI_Invalidate();
@@ -116,8 +120,11 @@ void UI_ScrollBar::Press(ui::MouseEvent const& event) {
   mDragsThumb = thumb.Contains(event.GetPosition());
   mGrab = mPointer - Along(thumb.TopLeft());
   SetDownState(true);
-  PressCapture::Start(
-      this, event, [this](ui::MouseEvent const& next) { PointerMoved(next); }, [this] { PressEnded(true); });
+  if (!PressCapture::Start(
+          this, event, [this](ui::MouseEvent const& next) { PointerMoved(next); },
+          [this] { PressEnded(true); })) {
+    return;
+  }
   BeginInteractiveChange(nullptr);
   if (!mDragsThumb) {
     PageTowardsPointer();

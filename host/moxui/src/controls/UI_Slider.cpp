@@ -268,7 +268,9 @@ bool UI_SliderT<T>::UI_DoMouseEvent(ui::UI_Node* node, ui::MouseEvent const& eve
   if (UI_WantsKeyboardFocus()) {
     UI_GainKeyboardFocus(ui::FocusChangeReason::kPointer);
   }
-  BeginDrag(point, event);
+  if (PressCapture::CanStart(*this)) {
+    BeginDrag(point, event);
+  }
   return true;
 }
 
@@ -285,6 +287,9 @@ void UI_SliderT<T>::BeginDrag(PointT<float> point, ui::MouseEvent const& event) 
   SetDownState(true);
   mCapture = PressCapture::Start(
       this, event, [this](ui::MouseEvent const& next) { ContinueDrag(next); }, [this] { CancelDrag(); });
+  if (!mCapture) {
+    return;
+  }
   BeginInteractiveChange(nullptr);
   if (!isOnThumb) {
     T const value = ValueAt(FractionAt(point));

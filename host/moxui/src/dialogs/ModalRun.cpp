@@ -13,7 +13,28 @@ ModalRun::~ModalRun() {
   CloseWindow();
 }
 
+namespace {
+
+class RunningMark {
+ public:
+  explicit RunningMark(std::shared_ptr<bool> isRunning) : mIsRunning(std::move(isRunning)) {
+    *mIsRunning = true;
+  }
+  ~RunningMark() { *mIsRunning = false; }
+  RunningMark(RunningMark const&) = delete;
+  RunningMark& operator=(RunningMark const&) = delete;
+
+ private:
+  std::shared_ptr<bool> mIsRunning;
+};
+
+}  // namespace
+
 int ModalRun::Run(platform::ModalRequest request, ModalWindow const& modalWindow, int closeAnswer) {
+  if (IsRunning()) {
+    return closeAnswer;
+  }
+  RunningMark const mark(mIsRunning);
   CloseWindow();
   mAnswer.reset();
   request.content = mRoot.Get();
@@ -37,6 +58,11 @@ int ModalRun::Run(platform::ModalRequest request, ModalWindow const& modalWindow
   if (request.opened) {
     request.opened();
   }
+  // Handlers that opening called may have answered already, and no loop would end for that again.
+  if (mAnswer || !mWindow) {
+    return mAnswer.value_or(closeAnswer);
+  }
+  // From here on a handler may end this, too.
   return mWindow->RunModal(closeAnswer);
 }
 

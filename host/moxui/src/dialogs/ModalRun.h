@@ -28,8 +28,10 @@ class ModalRun {
   ~ModalRun();
 
   /// `request` says what a responder is told; its content is the tree. Gives `closeAnswer` when the window is
-  /// closed otherwise or there is no desktop. The window stays, hidden, until CloseWindow.
+  /// closed otherwise or there is no desktop, and at once while it is running. The window stays, hidden,
+  /// until CloseWindow.
   int Run(platform::ModalRequest request, ModalWindow const& modalWindow, int closeAnswer);
+  bool IsRunning() const { return *mIsRunning; }
   void CloseWindow();
   /// The first answer of a run stands.
   void End(int answer);
@@ -42,6 +44,8 @@ class ModalRun {
   moxcore::utility::IntrusivePtr<ui::UI_Node> mRoot;
   std::unique_ptr<platform::Window> mWindow;
   std::optional<int> mAnswer;
+  /// Shared with the run, which a handler may outlive it.
+  std::shared_ptr<bool> mIsRunning = std::make_shared<bool>(false);
 };
 
 }  // namespace moxui::dialogs

@@ -47,6 +47,10 @@ int OS_Dialog::Run(int closeAnswer, std::function<void()> opened) {
       closeAnswer);
 }
 
+bool OS_Dialog::IsRunning() const {
+  return mRun->IsRunning();
+}
+
 void OS_Dialog::CloseWindow() {
   mRun->CloseWindow();
 }

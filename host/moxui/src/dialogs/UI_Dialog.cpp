@@ -27,6 +27,9 @@ void UI_Dialog::SetCancelButton(IntrusivePtr<controls::UI_Button> button) {
 
 UI_Dialog::Response UI_Dialog::RunModal() {
   IntrusivePtr<UI_Dialog> const self(this);
+  if (IsRunning()) {
+    return GetResponse();
+  }
   bool runsAgain = false;
   do {
     mContainer->Open([this](Response response) { EndRun(static_cast<int>(response)); });

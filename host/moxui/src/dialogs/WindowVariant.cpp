@@ -6,11 +6,17 @@
 
 namespace moxui::dialogs {
 
+WindowVariant::WindowVariant(platform::Window* window) {
+  if (window != nullptr) {
+    mWindow = window->GetReference();
+  }
+}
+
 WindowVariant::WindowVariant(ui::UI_Node* node) {
   ui::NodeTree const* const tree = node != nullptr ? node->UI_GetTree() : nullptr;
   if (tree != nullptr) {
     // A tree's host is a window, or a stage that stands in for one.
-    mWindow = dynamic_cast<platform::Window*>(&tree->GetHost());
+    *this = WindowVariant(dynamic_cast<platform::Window*>(&tree->GetHost()));
   }
 }
 

@@ -11,11 +11,26 @@ namespace moxui::passes {
 using ui::NodePtr;
 using ui::UI_Node;
 
+namespace {
+
+constexpr int kMaxRounds = 8;
+
+}  // namespace
+
 void BeginCapture(ui::TreeState& state, moxcore::utility::IntrusivePtr<ui::InputCapture> capture) {
-  EndCapture(state, true);
-  state.pointer.capture = std::move(capture);
-  if (auto const begun = state.pointer.capture) {
-    begun->Begin();
+  NodePtr const node = capture ? capture->GetNode() : nullptr;
+  bool const isForNode = node && state.Owns(*node);
+  // The one that is cancelled may begin another, and so on; not for ever.
+  for (int round = 0; round < kMaxRounds && state.pointer.capture; ++round) {
+    EndCapture(state, true);
+  }
+  if (capture && (state.HasEnded() || (isForNode && !state.Owns(*node)))) {
+    capture->Cancel();  // for its node has gone meanwhile
+    return;
+  }
+  state.pointer.capture = capture;
+  if (capture) {
+    capture->Begin();
   }
 }
 
@@ -45,6 +60,7 @@ void LoseCapture(ui::TreeState& state) {
 }
 
 void EndInputIn(ui::TreeState& state, UI_Node& node) {
+  auto const kept = state.shared_from_this();  // handlers may end the tree
   if (state.pointer.capture) {
     NodePtr const captor = state.pointer.capture->GetNode();
     if (!captor || captor->UI_IsSelfOrDescendantOf(&node)) {

@@ -30,7 +30,7 @@ std::vector<ui::WeakNode> PathToRoot(UI_Node* target) {
 
 NodePtr StillInTree(ui::TreeState const& state, ui::WeakNode const& weak) {
   NodePtr node = weak.Lock();
-  return node && node->UI_GetTree() == &state.tree ? node : nullptr;
+  return node && state.Owns(*node) ? node : nullptr;
 }
 
 bool WalkPath(ui::TreeState const& state, UI_Node* target, auto const& preHandler, auto const& handler) {
@@ -74,13 +74,13 @@ bool SendToTarget(ui::TreeState& state, ui::PointerEvent& event) {
     // If the pressed node has gone, the rest of its press goes nowhere.
     target = StillInTree(state, *pointer.pressTarget);
   } else {
-    target = NodePtr(state.tree.FindNode(pointer.position));
+    target = NodePtr(FindNodeAt(state, pointer.position));
   }
   bool const isPress = event.IsAction(ui::PointerAction::kPress);
   if (isPress) {
     BlurForPress(state, target.Get());
   }
-  if (!target || target->UI_GetTree() != &state.tree) {
+  if (!target || !state.Owns(*target)) {
     return false;
   }
   bool const taken = SendPointerEvent(state, target.Get(), event);
@@ -101,7 +101,7 @@ bool Deliver(ui::TreeState& state, ui::PointerEvent& event) {
 
 /// What waits until the outermost handler is done.
 void FinishDispatch(ui::TreeState& state) {
-  if (state.dispatchDepth > 0) {
+  if (state.dispatchDepth > 0 || state.HasEnded()) {
     return;
   }
   if (state.releaseIsMissing) {
@@ -128,7 +128,7 @@ class DepthCount {
 }  // namespace
 
 bool DispatchPointer(ui::TreeState& state, ui::PointerInput const& input) {
-  ui::DispatchScope const scope(state.tree);
+  ui::DispatchScope const scope(state);
   bool taken = false;
   {
     DepthCount const depth(state);
@@ -161,7 +161,7 @@ bool DispatchPointer(ui::TreeState& state, ui::PointerInput const& input) {
 }
 
 bool DispatchKey(ui::TreeState& state, ui::KeyboardEvent const& event) {
-  ui::DispatchScope const scope(state.tree);
+  ui::DispatchScope const scope(state);
   bool taken = false;
   {
     DepthCount const depth(state);
@@ -184,14 +184,15 @@ bool DispatchKey(ui::TreeState& state, ui::KeyboardEvent const& event) {
 }
 
 void ReleaseSwallowedButtons(ui::TreeState& state) {
+  ui::DispatchScope const scope(state);
   if (state.dispatchDepth > 0) {
     state.releaseIsMissing = true;
     return;
   }
-  ui::MouseButtons const held = state.host.GetMouseButtons();
+  ui::MouseButtons const held = state.host->GetMouseButtons();
   for (auto const button : {ui::MouseButton::kLeft, ui::MouseButton::kRight, ui::MouseButton::kMiddle}) {
     auto const bit = static_cast<unsigned char>(button);
-    if (!state.pointer.buttons.Has(bit) || held.Has(bit)) {
+    if (state.HasEnded() || !state.pointer.buttons.Has(bit) || held.Has(bit)) {
       continue;
     }
     for (auto& record : state.pointer.clicks) {

@@ -16,7 +16,7 @@ using ui::UI_SubView;
 namespace {
 
 moxcore::utility::IntrusivePtr<UI_SubView> ViewThatWants(ui::TreeState const& state, PointT<float> position) {
-  for (NodePtr node(state.tree.FindNode(position)); node; node = NodePtr(node->UI_GetParentNode())) {
+  for (NodePtr node(FindNodeAt(state, position)); node; node = NodePtr(node->UI_GetParentNode())) {
     if (auto* const view = dynamic_cast<UI_SubView*>(node.Get());
         view != nullptr && view->WantsDragDropEvents()) {
       return moxcore::utility::IntrusivePtr<UI_SubView>(view);
@@ -27,7 +27,7 @@ moxcore::utility::IntrusivePtr<UI_SubView> ViewThatWants(ui::TreeState const& st
 
 UI_SubView* CurrentView(ui::TreeState const& state, NodePtr& keep) {
   keep = state.drag.view.Lock();
-  return keep && keep->UI_GetTree() == &state.tree ? dynamic_cast<UI_SubView*>(keep.Get()) : nullptr;
+  return keep && state.Owns(*keep) ? dynamic_cast<UI_SubView*>(keep.Get()) : nullptr;
 }
 
 void LeaveView(ui::TreeState& state, ui::OS_ReceiveData& data) {

@@ -77,8 +77,7 @@ void TellFocusChange(UI_Node* node, UI_Node const* end, FocusChangeReason reason
 }
 
 bool SetFocus(ui::TreeState& state, UI_Node* node, FocusChangeReason reason) {
-  if (node != nullptr &&
-      (node->UI_GetTree() != &state.tree || node->UI_IsDisabled() || !IsShownToRoot(*node))) {
+  if (node != nullptr && (!state.Owns(*node) || node->UI_IsDisabled() || !IsShownToRoot(*node))) {
     return false;
   }
   NodePtr const before = state.focus.leaf.Lock();
@@ -100,11 +99,12 @@ bool SetFocus(ui::TreeState& state, UI_Node* node, FocusChangeReason reason) {
   if (gaining && generation == state.focus.generation) {
     TellFocusChange(gaining.Get(), shared, reason);
   }
-  state.host.FocusMoved();
+  state.host->FocusMoved();
   return state.focus.leaf.Lock() == node;
 }
 
 void LoseFocusIn(ui::TreeState& state, UI_Node const& node) {
+  auto const kept = state.shared_from_this();  // handlers may end the tree
   if (NodePtr const leaf = state.focus.leaf.Lock(); leaf && leaf->UI_IsSelfOrDescendantOf(&node)) {
     SetFocus(state, nullptr, FocusChangeReason::kLost);
   }
@@ -125,7 +125,7 @@ void SetActive(ui::TreeState& state, bool active) {
     state.focus.resumeReason = FocusChangeReason::kByCode;
     TellFocusChange(leaf.Get(), nullptr, FocusChangeReason::kDeactivated);
   }
-  state.host.FocusMoved();
+  state.host->FocusMoved();
 }
 
 namespace {

@@ -45,6 +45,11 @@ UI_Node* FindNode(UI_Node& node, PointT<float> point) {
   return node.UI_ContainsPoint(point) ? &node : nullptr;
 }
 
+UI_Node* FindNodeAt(ui::TreeState const& state, PointT<float> treePoint) {
+  UI_Node* const root = state.root.Get();
+  return root != nullptr ? FindNode(*root, ToNode(*root, treePoint)) : nullptr;
+}
+
 PointT<float> ToTree(UI_Node const& node, PointT<float> nodePoint) {
   for (UI_Node const* up = &node; up != nullptr; up = up->UI_GetParentNode()) {
     nodePoint = nodePoint + NodeAccess::LocalRect(*up).TopLeft();

@@ -51,7 +51,7 @@ void SetChain(ui::TreeState& state, std::vector<ui::WeakNode> chain) {
   for (std::size_t i = shared; i < chain.size(); ++i) {
     NodePtr const node = chain[i].Lock();
     // A handler before may have moved things: who is no longer hovered isn't entered.
-    if (node && node->UI_GetTree() == &state.tree && state.tree.IsHovered(node.Get(), false)) {
+    if (node && state.Owns(*node) && IsHovered(state, node.Get(), false)) {
       TellHover(state, *node, ui::PointerAction::kEnter);
     }
   }
@@ -59,6 +59,16 @@ void SetChain(ui::TreeState& state, std::vector<ui::WeakNode> chain) {
 }
 
 }  // namespace
+
+NodePtr HoveredNode(ui::TreeState const& state) {
+  auto const& chain = state.hover.chain;
+  return chain.empty() ? nullptr : chain.back().Lock();
+}
+
+bool IsHovered(ui::TreeState const& state, UI_Node const* node, bool exactly) {
+  NodePtr const hovered = HoveredNode(state);
+  return hovered && (exactly ? hovered.Get() == node : hovered->UI_IsSelfOrDescendantOf(node));
+}
 
 void UpdateHover(ui::TreeState& state) {
   FlushHoverLeaves(state);
@@ -68,18 +78,13 @@ void UpdateHover(ui::TreeState& state) {
   state.hover.isStale = false;
   std::vector<ui::WeakNode> chain;
   if (state.pointer.isInside) {
-    for (UI_Node* node = state.tree.FindNode(state.pointer.position); node != nullptr;
+    for (UI_Node* node = FindNodeAt(state, state.pointer.position); node != nullptr;
          node = node->UI_GetParentNode()) {
       chain.emplace_back(node);
     }
     std::ranges::reverse(chain);
   }
   SetChain(state, std::move(chain));
-}
-
-void ClearHover(ui::TreeState& state) {
-  FlushHoverLeaves(state);
-  SetChain(state, {});
 }
 
 void EndHoverIn(ui::TreeState& state, UI_Node const& node) {
@@ -114,9 +119,9 @@ void UpdateCursor(ui::TreeState& state) {
   } else if (state.pointer.pressTarget) {
     target = state.pointer.pressTarget->Lock();
   } else {
-    target = state.tree.GetHoveredNode();
+    target = HoveredNode(state);
   }
-  if (target && target->UI_GetTree() == &state.tree) {
+  if (target && state.Owns(*target)) {
     PointT<float> const point = ToNode(*target, state.pointer.position);
     for (NodePtr node = target; node; node = NodePtr(node->UI_GetParentNode())) {
       if (node->UI_DoCursor(target.Get(), point, 0)) {
@@ -124,7 +129,7 @@ void UpdateCursor(ui::TreeState& state) {
       }
     }
   }
-  state.host.ResetCursor();
+  state.host->ResetCursor();
 }
 
 }  // namespace moxui::passes

@@ -85,7 +85,7 @@ void AddDamage(ui::TreeState& state, RectT<float> const& rect) {
   }
   if (!state.isFrameRequested) {
     state.isFrameRequested = true;
-    state.host.RequestFrame();
+    state.host->RequestFrame();
   }
 }
 

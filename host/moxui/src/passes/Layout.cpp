@@ -47,7 +47,7 @@ void QueueLayout(ui::TreeState& state, UI_Node& node) {
   state.layoutQueue.emplace_back(&node);
   if (!state.isFrameRequested) {
     state.isFrameRequested = true;
-    state.host.RequestFrame();
+    state.host->RequestFrame();
   }
 }
 
@@ -55,7 +55,7 @@ void RunLayout(ui::TreeState& state) {
   for (int round = 0; round < kMaxRounds && !state.layoutQueue.empty(); ++round) {
     std::vector<std::pair<int, NodePtr>> waiting;
     for (auto const& weak : std::exchange(state.layoutQueue, {})) {
-      if (NodePtr node = weak.Lock(); node && node->UI_GetTree() == &state.tree) {
+      if (NodePtr node = weak.Lock(); node && state.Owns(*node)) {
         int const depth = Depth(*node);
         waiting.emplace_back(depth, std::move(node));
       }

@@ -26,8 +26,8 @@ bool IsNear(PointT<float> a, PointT<float> b, float distance) {
 }
 
 int CountPress(ui::TreeState& state, ui::PointerInput const& input) {
-  auto const limits = state.host.GetClickLimits();
-  double const now = state.host.GetTime();
+  auto const limits = state.host->GetClickLimits();
+  double const now = state.host->GetTime();
   auto& record = state.pointer.clicks.at(IndexOf(input.button));
   bool const goesOn = record.count > 0 && state.pointer.lastPressed == input.button && !record.hasLeft &&
                       now - record.time <= limits.milliseconds &&
@@ -58,7 +58,7 @@ int NotePointerInput(ui::TreeState& state, ui::PointerInput const& input) {
   pointer.isInside = true;
   pointer.modKeys = input.modKeys;
   pointer.subType = input.subType;
-  float const slop = state.host.GetClickLimits().distance;
+  float const slop = state.host->GetClickLimits().distance;
   for (auto& record : pointer.clicks) {
     record.hasLeft = record.hasLeft || !IsNear(record.position, input.position, slop);
   }

@@ -23,13 +23,13 @@ bool IsPointerHidden() {
 }
 
 PointT<float> ToDesktop(ui::TreeState const& state, PointT<float> point) {
-  float const zoom = state.host.GetZoom();
-  return PointT<float>(point.x * zoom, point.y * zoom) + state.host.GetOrigin();
+  float const zoom = state.host->GetZoom();
+  return PointT<float>(point.x * zoom, point.y * zoom) + state.host->GetOrigin();
 }
 
 PointT<float> FromDesktop(ui::TreeState const& state, PointT<float> point) {
-  float const zoom = state.host.GetZoom();
-  PointT<float> const distance = point - state.host.GetOrigin();
+  float const zoom = state.host->GetZoom();
+  PointT<float> const distance = point - state.host->GetOrigin();
   return {distance.x / zoom, distance.y / zoom};
 }
 
@@ -57,7 +57,7 @@ void KeepPointerInside(ui::TreeState& state, ui::PointerInput const& input) {
   if (!isHeld || motion.IsWarpPending() || state.dispatchDepth > 0 || !IsPointerHidden()) {
     return;
   }
-  RectT<float> const screen = state.host.GetPointerBounds();
+  RectT<float> const screen = state.host->GetPointerBounds();
   if (screen.width <= 0 || screen.height <= 0) {
     return;
   }
@@ -70,8 +70,8 @@ void KeepPointerInside(ui::TreeState& state, ui::PointerInput const& input) {
   PointT<float> const target = FromDesktop(state, middle);
   // Before the pointer is moved: the move may be told at once.
   motion.Warp(input.position, target);
-  state.host.SetPointerPosition(middle);
-  PointT<float> const actual = state.host.GetPointerPosition();
+  state.host->SetPointerPosition(middle);
+  PointT<float> const actual = state.host->GetPointerPosition();
   if (Distance(actual, place) < Distance(actual, middle)) {
     motion.UndoWarp();
   } else if (Distance(actual, middle) < 1) {
@@ -82,10 +82,10 @@ void KeepPointerInside(ui::TreeState& state, ui::PointerInput const& input) {
 void PlacePointer(ui::TreeState& state, PointT<float> place) {
   auto& pointer = state.pointer;
   pointer.motion.Reset();
-  state.host.SetPointerPosition(place);
+  state.host->SetPointerPosition(place);
   // The move is told later, if at all; until then nothing is to be found where the pointer was.
   if (pointer.subType == ui::PointerSubType::kMouse && pointer.isInside) {
-    pointer.position = FromDesktop(state, state.host.GetPointerPosition());
+    pointer.position = FromDesktop(state, state.host->GetPointerPosition());
     state.hover.isStale = true;
   }
 }
@@ -98,8 +98,8 @@ void ReturnPointer(ui::TreeState& state) {
 
 PointT<float> GetPointerPlace(ui::TreeState const& state) {
   PointT<float> const offset = state.pointer.motion.GetOffset();
-  float const zoom = state.host.GetZoom();
-  return state.host.GetPointerPosition() + PointT<float>(offset.x * zoom, offset.y * zoom);
+  float const zoom = state.host->GetZoom();
+  return state.host->GetPointerPosition() + PointT<float>(offset.x * zoom, offset.y * zoom);
 }
 
 }  // namespace moxui::passes

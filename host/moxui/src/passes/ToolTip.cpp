@@ -1,6 +1,7 @@
 #include "ToolTip.h"
 
 #include "../ui/TreeState.h"
+#include "Hover.h"
 
 #include <moxui/ui/NodeTreeHost.h>
 
@@ -13,7 +14,7 @@ namespace {
 
 /// The node under the pointer, or the nearest above it, that has a tip.
 NodePtr NodeWithTip(ui::TreeState const& state) {
-  for (NodePtr node = state.tree.GetHoveredNode(); node; node = NodePtr(node->UI_GetParentNode())) {
+  for (NodePtr node = HoveredNode(state); node; node = NodePtr(node->UI_GetParentNode())) {
     if (!node->UI_GetToolTip().empty()) {
       return node;
     }
@@ -25,7 +26,7 @@ void HideToolTip(ui::TreeState& state) {
   state.toolTip.due = -1;
   if (state.toolTip.isShown) {
     state.toolTip.isShown = false;
-    state.host.ShowToolTip({}, state.pointer.position);
+    state.host->ShowToolTip({}, state.pointer.position);
   }
 }
 
@@ -39,27 +40,27 @@ void UpdateToolTip(ui::TreeState& state) {
   HideToolTip(state);
   state.toolTip.node = ui::WeakNode(node);
   if (node) {
-    state.toolTip.due = state.host.GetTime() + node->UI_GetToolTipDelay();
+    state.toolTip.due = state.host->GetTime() + node->UI_GetToolTipDelay();
   }
-  state.tree.ScheduleWakeUp();
+  state.ScheduleWakeUp();
 }
 
 void RestartToolTip(ui::TreeState& state) {
   if (NodePtr const node = state.toolTip.node.Lock();
       node && !state.toolTip.isShown && state.toolTip.due >= 0) {
-    state.toolTip.due = state.host.GetTime() + node->UI_GetToolTipDelay();
-    state.tree.ScheduleWakeUp();
+    state.toolTip.due = state.host->GetTime() + node->UI_GetToolTipDelay();
+    state.ScheduleWakeUp();
   }
 }
 
 void DismissToolTip(ui::TreeState& state) {
   HideToolTip(state);
-  state.tree.ScheduleWakeUp();
+  state.ScheduleWakeUp();
 }
 
 void ToolTipChanged(ui::TreeState& state, UI_Node const& node) {
   if (state.toolTip.isShown && state.toolTip.node.Lock().Get() == &node && !node.UI_GetToolTip().empty()) {
-    state.host.ShowToolTip(node.UI_GetToolTip(), state.pointer.position);
+    state.host->ShowToolTip(node.UI_GetToolTip(), state.pointer.position);
     return;
   }
   UpdateToolTip(state);
@@ -72,7 +73,7 @@ void ShowDueToolTip(ui::TreeState& state, double now) {
   state.toolTip.due = -1;
   if (NodePtr const node = state.toolTip.node.Lock(); node && !node->UI_GetToolTip().empty()) {
     state.toolTip.isShown = true;
-    state.host.ShowToolTip(node->UI_GetToolTip(), state.pointer.position);
+    state.host->ShowToolTip(node->UI_GetToolTip(), state.pointer.position);
   }
 }
 

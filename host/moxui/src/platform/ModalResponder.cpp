@@ -31,7 +31,13 @@ std::optional<int> AskModalResponder(ModalRequest& request) {
     return gModalResponder->Answer(request);
   }
   auto const paused = ui::PauseTrees();
-  auto const answer = gModalResponder->Answer(request);
+  std::optional<int> answer;
+  try {
+    answer = gModalResponder->Answer(request);
+  } catch (...) {
+    ui::ResumeTrees(paused);
+    throw;
+  }
   ui::ResumeTrees(paused);
   return answer;
 }

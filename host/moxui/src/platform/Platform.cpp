@@ -26,7 +26,9 @@ FileDialogs::~FileDialogs() = default;
 MenuPresenter::~MenuPresenter() = default;
 PaintTarget::~PaintTarget() = default;
 TextEditor::~TextEditor() = default;
-Window::~Window() = default;
+Window::~Window() {
+  *mReference = nullptr;
+}
 
 DragSource* SetDragSource(DragSource* source) {
   return std::exchange(gDragSource, source);

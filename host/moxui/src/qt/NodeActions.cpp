@@ -1,6 +1,8 @@
 // What assistive software does with a node: actions and numbers.
+#include "../ui/TreeState.h"
 #include "EventTranslation.h"
 #include "NodeInterface.h"
+#include "QtApplication.h"
 #include "QtWindow.h"
 #include "WindowWidget.h"
 
@@ -38,19 +40,22 @@ void Reveal(ui::UI_Node& node) {
 
 /// A click in the middle of a node, if that is where the pointer would hit it.
 void Click(ui::UI_Node& node) {
-  ui::NodeTree& tree = *node.UI_GetTree();
+  // A handler of the press may end the tree.
+  auto const state = node.UI_GetTree()->State().shared_from_this();
   RectT<float> const rect = node.UI_ConvertRectTo(nullptr, node.UI_GetLocalRectF(ui::RectSpace::kOwn));
   ui::PointerInput input;
   input.position = rect.Center();
   input.button = ui::MouseButton::kLeft;
-  ui::UI_Node const* const hit = tree.FindNode(input.position);
+  ui::UI_Node const* const hit = state->tree->FindNode(input.position);
   if (hit == nullptr || !hit->UI_IsSelfOrDescendantOf(&node)) {
     return;
   }
   for (auto const action :
        {ui::PointerAction::kMove, ui::PointerAction::kPress, ui::PointerAction::kRelease}) {
     input.action = action;
-    tree.HandlePointer(input);
+    if (!state->HasEnded()) {
+      state->tree->HandlePointer(input);
+    }
   }
 }
 
@@ -71,13 +76,15 @@ void NodeInterface::Run(std::function<void(ui::UI_Node&)> const& function) const
     return;
   }
   auto* const window = dynamic_cast<QtWindow*>(&node->UI_GetTree()->GetHost());
+  // Held by itself: the function may end the window.
+  QtApplication* const application = window != nullptr ? &window->GetApplication() : nullptr;
   try {
     function(*node);
   } catch (...) {
-    if (window == nullptr) {
+    if (application == nullptr) {
       throw;
     }
-    window->CatchException();
+    application->CatchException(std::current_exception());
   }
 }
 

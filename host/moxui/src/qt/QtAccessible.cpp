@@ -50,7 +50,10 @@ class WindowInterface final : public QAccessibleWidget {
   }
 
  private:
-  ui::NodeTree* Tree() const { return static_cast<WindowWidget*>(widget())->GetWindow().FindTree(); }
+  ui::NodeTree* Tree() const {
+    QtWindow* const window = static_cast<WindowWidget*>(widget())->GetWindow();
+    return window != nullptr ? window->FindTree() : nullptr;
+  }
 
   std::vector<ui::UI_Node*> Children() const {
     ui::NodeTree const* const tree = Tree();

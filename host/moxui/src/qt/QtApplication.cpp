@@ -63,7 +63,10 @@ void QtApplication::CatchException(std::exception_ptr exception) {
   for (QEventLoop* const loop : mLoops) {
     loop->exit();
   }
-  QCoreApplication::exit(1);
+  // Outside of the main loop this would have all later loops end at once.
+  if (mIsRunning) {
+    QCoreApplication::exit(1);
+  }
 }
 
 void QtApplication::ThrowCaught() {
@@ -86,7 +89,9 @@ std::unique_ptr<platform::Window> QtApplication::CreateWindow(platform::WindowOp
 }
 
 int QtApplication::Run() {
+  mIsRunning = true;
   int const code = QApplication::exec();
+  mIsRunning = false;
   ThrowCaught();
   return code;
 }

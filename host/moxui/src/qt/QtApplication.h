@@ -21,6 +21,7 @@ class QtApplication final : public platform::Application {
 
   /// Keeps an exception of a handler until no event is being handled, and ends all loops.
   void CatchException(std::exception_ptr exception);
+  bool HasCaught() const { return mCaught != nullptr; }
   /// Throws on what was caught.
   void ThrowCaught();
   /// Milliseconds since the start.
@@ -60,6 +61,7 @@ class QtApplication final : public platform::Application {
   QElapsedTimer mClock;
   std::vector<QEventLoop*> mLoops;
   std::exception_ptr mCaught;
+  bool mIsRunning = false;
   QtClipboard mClipboard;
   QtCursor mCursor;
   QtMenus mMenus;

@@ -65,43 +65,51 @@ QtWindow::QtWindow(QtApplication& application, platform::WindowOptions const& op
   Resized();
   mFrameTimer.setSingleShot(true);
   mFrameTimer.setInterval(0);
-  mFrameTimer.callOnTimeout([this] {
+  mFrameTimer.callOnTimeout([this, &application, life = mLife] {
     try {
-      mWidget->update(PaintFrame());
+      QRegion const changed = PaintFrame();
+      if (!life->hasEnded) {
+        mWidget->update(changed);
+      }
     } catch (...) {
-      CatchException();
+      application.CatchException(std::current_exception());
     }
   });
   mWakeUpTimer.setSingleShot(true);
   mWakeUpTimer.setTimerType(Qt::PreciseTimer);
-  mWakeUpTimer.callOnTimeout([this] {
+  mWakeUpTimer.callOnTimeout([this, &application] {
     try {
       mTree->HandleTime();
     } catch (...) {
-      CatchException();
+      application.CatchException(std::current_exception());
     }
   });
 }
 
 QtWindow::~QtWindow() {
+  mLife->hasEnded = true;
   if (mModalLoop != nullptr) {
     mModalLoop->exit();
   }
   mTree->SetRoot(nullptr);  // while its nodes can still ask the window
-}
-
-void QtWindow::CatchException() {
-  mApplication.CatchException(std::current_exception());
+  mTree.reset();
+  mWidget->ReleaseWindows();
+  WindowWidget::End(std::move(mWidget));
 }
 
 void QtWindow::Resized() {
   if (!mTree) {
     return;
   }
+  auto const life = mLife;
   mTree->SetScale(GetScale());
-  mTree->SetSize(
-      {static_cast<float>(mWidget->width()) / mZoom, static_cast<float>(mWidget->height()) / mZoom});
-  FitPicture();
+  if (!life->hasEnded) {
+    mTree->SetSize(
+        {static_cast<float>(mWidget->width()) / mZoom, static_cast<float>(mWidget->height()) / mZoom});
+  }
+  if (!life->hasEnded) {
+    FitPicture();
+  }
 }
 
 void QtWindow::FitPicture() {
@@ -137,14 +145,24 @@ void QtWindow::FillBackground(RectT<float> const& rect) {
 }
 
 QRegion QtWindow::PaintFrame() {
+  auto const life = mLife;
   mTree->PrepareFrame();
+  if (life->hasEnded) {
+    return {};
+  }
   FitPicture();
   QRegion changed;
   if (!mSurface || mTree->GetDamage().empty()) {
     return changed;
   }
-  scriber::Scriber scriber(mApplication.GetDrawSupplier(), mSurface.Get());
+  // Held: while they are painted, nodes may have the window resized or end it.
+  QImage const picture = mPicture;
+  scriber::SurfaceP const surface = mSurface;
+  scriber::Scriber scriber(mApplication.GetDrawSupplier(), surface.Get());
   mTree->PaintDamage(scriber, [&](RectT<float> const& rect) {
+    if (life->hasEnded) {
+      return;
+    }
     FillBackground(rect);
     changed +=
         QRectF(rect.left * mZoom, rect.top * mZoom, rect.width * mZoom, rect.height * mZoom).toAlignedRect();
@@ -153,10 +171,12 @@ QRegion QtWindow::PaintFrame() {
 }
 
 bool QtWindow::CloseRequested() {
-  if (mCloseFunction && !mCloseFunction()) {
+  auto const life = mLife;
+  auto const mayClose = mCloseFunction;
+  if (mayClose && !mayClose()) {
     return false;
   }
-  if (mModalLoop != nullptr) {
+  if (!life->hasEnded && mModalLoop != nullptr) {
     EndModal(mModalCloseAnswer);
   }
   return true;
@@ -188,25 +208,37 @@ int QtWindow::RunModal(int closeAnswer) {
   if (mModalLoop != nullptr) {
     return closeAnswer;
   }
+  // A handler may end the window while it runs.
+  auto const life = mLife;
+  QtApplication& application = mApplication;
   QEventLoop loop;
   mModalLoop = &loop;
-  mModalAnswer = closeAnswer;
+  life->answer.reset();
   mModalCloseAnswer = closeAnswer;
-  QtApplication::LoopScope const scope(mApplication, loop);
-  ui::ModalScope const modal(*mTree);
-  mWidget->setWindowModality(Qt::ApplicationModal);
-  mWidget->show();
-  loop.exec();
-  mModalLoop = nullptr;
-  mWidget->hide();
-  mWidget->setWindowModality(Qt::NonModal);
-  mApplication.ThrowCaught();
-  return mModalAnswer;
+  {
+    QtApplication::LoopScope const scope(application, loop);
+    ui::ModalScope const modal(*mTree);
+    mWidget->setWindowModality(Qt::ApplicationModal);
+    mWidget->show();
+    // What opening told handlers may have answered: a loop doesn't remember that it was left before it ran.
+    if (!life->answer && !life->hasEnded && !application.HasCaught()) {
+      loop.exec();
+    }
+  }
+  if (!life->hasEnded) {
+    mModalLoop = nullptr;
+    mWidget->hide();
+  }
+  if (!life->hasEnded) {
+    mWidget->setWindowModality(Qt::NonModal);
+  }
+  application.ThrowCaught();
+  return life->answer.value_or(closeAnswer);
 }
 
 void QtWindow::EndModal(int answer) {
-  mModalAnswer = answer;
   if (mModalLoop != nullptr) {
+    mLife->answer = answer;
     mModalLoop->exit();
   }
 }
@@ -256,8 +288,9 @@ void QtWindow::RequestFrame() {
 }
 
 void QtWindow::PaintNow() {
+  auto const life = mLife;
   QRegion const changed = PaintFrame();
-  if (!changed.isEmpty()) {
+  if (!life->hasEnded && !changed.isEmpty()) {
     mWidget->repaint(changed);
   }
 }

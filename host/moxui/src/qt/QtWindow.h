@@ -21,6 +21,7 @@ class WindowWidget;
 class QtWindow final : public platform::Window, public ui::NodeTreeHost {
  public:
   QtWindow(QtApplication& application, platform::WindowOptions const& options);
+  /// A handler of the window may end it.
   ~QtWindow() override;
 
   WindowWidget& GetWidget() { return *mWidget; }
@@ -28,10 +29,10 @@ class QtWindow final : public platform::Window, public ui::NodeTreeHost {
   ui::NodeTree* FindTree() const { return mTree.get(); }
 
   // For the widget
+  QtApplication& GetApplication() const { return mApplication; }
   void Resized();
   /// True when the window may close.
   bool CloseRequested();
-  void CatchException();
 
   // platform::Window
   ui::NodeTree& GetTree() override { return *mTree; }
@@ -81,7 +82,14 @@ class QtWindow final : public platform::Window, public ui::NodeTreeHost {
   void FitPicture();
   void FillBackground(RectT<float> const& rect);
 
+  /// What outlives a window that a handler ends.
+  struct Life {
+    bool hasEnded = false;
+    std::optional<int> answer;  ///< of the modal run
+  };
+
   QtApplication& mApplication;
+  std::shared_ptr<Life> mLife = std::make_shared<Life>();
   ColorRGBA mBackground;
   float mZoom = 1;
   CloseFunction mCloseFunction;
@@ -90,7 +98,6 @@ class QtWindow final : public platform::Window, public ui::NodeTreeHost {
   QTimer mFrameTimer;
   QTimer mWakeUpTimer;
   QEventLoop* mModalLoop = nullptr;
-  int mModalAnswer = 0;
   int mModalCloseAnswer = 0;
   std::unique_ptr<WindowWidget> mWidget;
   std::unique_ptr<ui::NodeTree> mTree;

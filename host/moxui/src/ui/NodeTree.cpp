@@ -18,12 +18,19 @@
 #include <moxui/ui/NodeTreeHost.h>
 #include <moxui/ui/UI_NodeManager.h>
 
-#include <algorithm>
 #include <utility>
 
 namespace moxui::ui {
 
-NodeTree::NodeTree(NodeTreeHost& host) : mState(std::make_unique<TreeState>(*this, host)) {
+namespace {
+
+void DamageAll(TreeState& state) {
+  passes::AddDamage(state, {0, 0, state.size.width, state.size.height});
+}
+
+}  // namespace
+
+NodeTree::NodeTree(NodeTreeHost& host) : mState(std::make_shared<TreeState>(*this, host)) {
   UI_NodeManager::Get(true)->AddTree(*this);
   SetScale(host.GetScale());
 }
@@ -31,24 +38,29 @@ NodeTree::NodeTree(NodeTreeHost& host) : mState(std::make_unique<TreeState>(*thi
 NodeTree::~NodeTree() {
   SetRoot(nullptr);
   UI_NodeManager::Get(true)->RemoveTree(*this);
+  mState->End();
 }
 
 void NodeTree::SetRoot(moxcore::utility::IntrusivePtr<UI_Node> root) {
   if (root == mState->root) {
     return;
   }
-  if (NodePtr const old = mState->root) {
-    passes::EndInputIn(*mState, *old);
+  auto const state = mState;  // handlers may end the tree
+  if (NodePtr const old = state->root) {
+    passes::EndInputIn(*state, *old);
     passes::DetachSubtree(*old);
-    mState->root.Reset();
+    state->root.Reset();
   }
-  mState->root = std::move(root);
-  if (NodePtr const current = mState->root) {
+  if (state->HasEnded()) {
+    return;
+  }
+  state->root = std::move(root);
+  if (NodePtr const current = state->root) {
     passes::AttachSubtree(*current, *this);
-    current->UI_SetLocalRectF({0, 0, mState->size.width, mState->size.height});
+    current->UI_SetLocalRectF({0, 0, state->size.width, state->size.height});
   }
-  mState->hover.isStale = true;
-  AddDamage({0, 0, mState->size.width, mState->size.height});
+  state->hover.isStale = true;
+  DamageAll(*state);
 }
 
 UI_Node* NodeTree::GetRoot() const {
@@ -59,11 +71,12 @@ void NodeTree::SetSize(ExtentT<float> size) {
   if (size == mState->size) {
     return;
   }
-  mState->size = size;
-  if (NodePtr const root = mState->root) {
+  auto const state = mState;
+  state->size = size;
+  if (NodePtr const root = state->root) {
     root->UI_SetLocalRectF({0, 0, size.width, size.height});
   }
-  AddDamage({0, 0, size.width, size.height});
+  DamageAll(*state);
 }
 
 ExtentT<float> NodeTree::GetSize() const {
@@ -74,29 +87,31 @@ void NodeTree::SetScale(float scale) {
   if (scale == mState->scale || !(scale > 0)) {
     return;
   }
-  mState->scale = scale;
-  if (mState->root) {
-    passes::TellScale(*mState->root, scale);
+  auto const state = mState;
+  state->scale = scale;
+  if (NodePtr const root = state->root) {
+    passes::TellScale(*root, scale);
   }
-  AddDamage({0, 0, mState->size.width, mState->size.height});
+  DamageAll(*state);
 }
 
 float NodeTree::GetScale() const {
   return mState->scale;
 }
 NodeTreeHost& NodeTree::GetHost() const {
-  return mState->host;
+  return *mState->host;
 }
 
 bool NodeTree::HandlePointer(PointerInput const& input) {
+  auto const state = mState;
   PointerInput followed = input;
-  followed.position = passes::FollowPointer(*mState, input);
-  bool const isStill = input.action == PointerAction::kMove && followed.position == mState->pointer.position;
-  if (isStill && mState->pointer.motion.HasWarped()) {
+  followed.position = passes::FollowPointer(*state, input);
+  bool const isStill = input.action == PointerAction::kMove && followed.position == state->pointer.position;
+  if (isStill && state->pointer.motion.HasWarped()) {
     return true;  // the way back to the middle of the screen is no motion
   }
-  bool const taken = passes::DispatchPointer(*mState, followed);
-  passes::KeepPointerInside(*mState, input);
+  bool const taken = passes::DispatchPointer(*state, followed);
+  passes::KeepPointerInside(*state, input);
   return taken;
 }
 
@@ -114,14 +129,15 @@ bool NodeTree::HandleKey(KeyboardEvent const& event) {
 }
 
 void NodeTree::HandlePointerLeft() {
-  DispatchScope const scope(*this);
-  mState->pointer.isInside = false;
-  passes::DismissToolTip(*mState);
-  passes::UpdateHover(*mState);
+  auto const state = mState;
+  DispatchScope const scope(*state);
+  state->pointer.isInside = false;
+  passes::DismissToolTip(*state);
+  passes::UpdateHover(*state);
 }
 
 int NodeTree::HandleDrag(DragPhase phase, PointT<float> position, OS_ReceiveData& data, int proposedEffect) {
-  DispatchScope const scope(*this);
+  DispatchScope const scope(*mState);
   return passes::DispatchDrag(*mState, phase, position, data, proposedEffect);
 }
 
@@ -130,15 +146,18 @@ void NodeTree::SetActive(bool active) {
     UI_NodeManager::Get(true)->TreeBecameActive(*this, active);
     return;
   }
+  auto const state = mState;
   {
-    DispatchScope const scope(*this);
+    DispatchScope const scope(*state);
     if (!active) {
-      passes::LoseCapture(*mState);
-      passes::DismissToolTip(*mState);
+      passes::LoseCapture(*state);
+      passes::DismissToolTip(*state);
     }
-    passes::SetActive(*mState, active);
+    passes::SetActive(*state, active);
   }
-  UI_NodeManager::Get(true)->TreeBecameActive(*this, active);
+  if (!state->HasEnded()) {
+    UI_NodeManager::Get(true)->TreeBecameActive(*this, active);
+  }
 }
 
 bool NodeTree::IsActive() const {
@@ -146,9 +165,10 @@ bool NodeTree::IsActive() const {
 }
 
 void NodeTree::BlockByModal() {
-  DispatchScope const scope(*this);
-  passes::LoseCapture(*mState);
-  passes::DismissToolTip(*mState);
+  auto const state = mState;
+  DispatchScope const scope(*state);
+  passes::LoseCapture(*state);
+  passes::DismissToolTip(*state);
 }
 
 void NodeTree::CheckSwallowedRelease() {
@@ -156,30 +176,28 @@ void NodeTree::CheckSwallowedRelease() {
 }
 
 UI_Node* NodeTree::FindNode(PointT<float> position) const {
-  UI_Node* const root = mState->root.Get();
-  return root != nullptr ? passes::FindNode(*root, passes::ToNode(*root, position)) : nullptr;
+  return passes::FindNodeAt(*mState, position);
 }
 
 moxcore::utility::IntrusivePtr<UI_Node> NodeTree::GetHoveredNode() const {
-  auto const& chain = mState->hover.chain;
-  return chain.empty() ? nullptr : chain.back().Lock();
+  return passes::HoveredNode(*mState);
 }
 
 bool NodeTree::IsHovered(UI_Node const* node, bool exactly) const {
-  NodePtr const hovered = GetHoveredNode();
-  return hovered && (exactly ? hovered.Get() == node : hovered->UI_IsSelfOrDescendantOf(node));
+  return passes::IsHovered(*mState, node, exactly);
 }
 
 void NodeTree::BeginCapture(moxcore::utility::IntrusivePtr<InputCapture> capture) {
-  DispatchScope const scope(*this);
+  DispatchScope const scope(*mState);
   passes::BeginCapture(*mState, std::move(capture));
 }
 
 void NodeTree::EndCapture(bool cancelled) {
-  DispatchScope const scope(*this);
-  passes::EndCapture(*mState, cancelled);
-  if (mState->dispatchDepth == 0) {
-    passes::UpdateHover(*mState);
+  auto const state = mState;
+  DispatchScope const scope(*state);
+  passes::EndCapture(*state, cancelled);
+  if (state->dispatchDepth == 0) {
+    passes::UpdateHover(*state);
   }
 }
 
@@ -192,12 +210,12 @@ UI_Node* NodeTree::GetFocusLeaf() const {
 }
 
 bool NodeTree::SetFocus(UI_Node* node, FocusChangeReason reason) {
-  DispatchScope const scope(*this);
+  DispatchScope const scope(*mState);
   return passes::SetFocus(*mState, node, reason);
 }
 
 bool NodeTree::MoveFocus(bool backward) {
-  DispatchScope const scope(*this);
+  DispatchScope const scope(*mState);
   return passes::MoveFocus(*mState, backward);
 }
 
@@ -206,17 +224,15 @@ UI_TimerManager& NodeTree::GetTimers() const {
 }
 
 void NodeTree::HandleTime() {
-  double const now = mState->host.GetTime();
-  mState->timers.FireDueTimers(now);
-  passes::ShowDueToolTip(*mState, now);
-  ScheduleWakeUp();
+  auto const state = mState;
+  double const now = state->host->GetTime();
+  state->timers.FireDueTimers(now);
+  passes::ShowDueToolTip(*state, now);
+  state->ScheduleWakeUp();
 }
 
 void NodeTree::ScheduleWakeUp() {
-  double const timer = mState->timers.GetNextDue();
-  double const tip = mState->toolTip.due;
-  double const next = timer < 0 ? tip : tip < 0 ? timer : std::min(timer, tip);
-  mState->host.RequestWakeUp(next);
+  mState->ScheduleWakeUp();
 }
 
 void NodeTree::AddDamage(RectT<float> const& rect) {
@@ -230,22 +246,23 @@ bool NodeTree::NeedsFrame() const {
 }
 
 void NodeTree::PrepareFrame() {
-  DispatchScope const scope(*this);
-  passes::RunLayout(*mState);
-  if (mState->dispatchDepth == 0 && (mState->hover.isStale || !mState->hover.pendingLeaves.empty())) {
-    passes::UpdateHover(*mState);
+  auto const state = mState;
+  DispatchScope const scope(*state);
+  passes::RunLayout(*state);
+  if (state->dispatchDepth == 0 && (state->hover.isStale || !state->hover.pendingLeaves.empty())) {
+    passes::UpdateHover(*state);
   }
-  mState->isFrameRequested = !mState->damage.empty();
+  state->isFrameRequested = !state->damage.empty();
 }
 
 void NodeTree::PaintDamage(scriber::Scriber& scriber, std::function<void(RectT<float> const&)> const& clear) {
-  passes::PaintDamage(*mState, &scriber, clear);
+  auto const state = mState;
+  passes::PaintDamage(*state, &scriber, clear);
 }
 
 void NodeTree::PaintAll(scriber::Scriber& scriber) const {
-  if (NodePtr const root = mState->root) {
-    passes::PaintChild(*root, &scriber);
-  }
+  auto const state = mState;
+  passes::PaintAll(*state, &scriber);
 }
 
 void PaintNode(UI_Node const& node, scriber::Scriber& scriber) {

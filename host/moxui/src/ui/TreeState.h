@@ -8,6 +8,7 @@
 #include <moxui/ui/UI_TimerManager.h>
 
 #include <array>
+#include <memory>
 #include <optional>
 #include <vector>
 
@@ -64,12 +65,20 @@ struct DragState {
   int effect = DropEffect::kNone;
 };
 
-/// All that a tree keeps; the passes work on it.
-struct TreeState {
-  TreeState(NodeTree& owner, NodeTreeHost& treeHost) : tree(owner), host(treeHost), timers(owner) {}
+/// All that a tree keeps; the passes work on it. Handlers may end the tree: whoever calls some holds its
+/// state (DispatchScope does), which then has no nodes and a host that does nothing.
+struct TreeState : std::enable_shared_from_this<TreeState> {
+  TreeState(NodeTree& owner, NodeTreeHost& treeHost) : tree(&owner), host(&treeHost), timers(*this) {}
 
-  NodeTree& tree;
-  NodeTreeHost& host;
+  bool Owns(UI_Node const& node) const { return tree != nullptr && node.UI_GetTree() == tree; }
+  bool HasEnded() const { return tree == nullptr; }
+  /// The tree is no more.
+  void End();
+  /// Has the host wake the tree when the next timer or tool tip is due.
+  void ScheduleWakeUp();
+
+  NodeTree* tree;      ///< null once it has ended
+  NodeTreeHost* host;  ///< never null
   NodePtr root;
   ExtentT<float> size;
   float scale = 1;

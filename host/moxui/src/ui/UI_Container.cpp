@@ -57,9 +57,11 @@ void UI_Container::ChildInsert(std::size_t index, moxcore::utility::IntrusivePtr
   passes::UpdateBounds(node);
   passes::ChildBoundsChanged(node);
   if (NodeTree* const tree = mOwner.UI_GetTree()) {
+    // Handlers may end the tree.
+    auto const state = tree->State().shared_from_this();
     passes::AttachSubtree(node, *tree);
     passes::DamageSubtree(node);
-    tree->State().hover.isStale = true;
+    state->hover.isStale = true;
   }
 }
 
@@ -72,9 +74,10 @@ void UI_Container::ChildRemove(UI_Node* child) {
   NodePtr const self(&mOwner);
   NodeTree* const tree = mOwner.UI_GetTree();
   if (tree != nullptr) {
+    auto const state = tree->State().shared_from_this();
     passes::DamageSubtree(*child);
-    passes::EndInputIn(tree->State(), *child);
-    tree->State().hover.isStale = true;
+    passes::EndInputIn(*state, *child);
+    state->hover.isStale = true;
   }
   // Whoever heard of a lost focus or capture may have taken the child out by now.
   if (child->UI_GetParentNode() != &mOwner) {
@@ -88,7 +91,7 @@ void UI_Container::ChildRemove(UI_Node* child) {
   mChildren.erase(std::next(place).base());
   ++mLooseBounds;
   NodeAccess::SetParent(*child, nullptr);
-  if (tree != nullptr) {
+  if (child->UI_GetTree() != nullptr) {
     passes::DetachSubtree(*child);
   }
 }

@@ -1,5 +1,6 @@
 #include "../passes/Attach.h"
 #include "DispatchScope.h"
+#include "TreeState.h"
 
 #include <moxui/ui/NodeTree.h>
 #include <moxui/ui/UI_NodeManager.h>
@@ -32,19 +33,27 @@ void UI_NodeManager::BeginInputCapture(moxcore::utility::IntrusivePtr<InputCaptu
     tree = node->UI_GetTree();
   }
   if (tree != nullptr) {
+    mCapturing = tree;
     tree->BeginCapture(std::move(capture));
   }
 }
 
 void UI_NodeManager::EndInputCapture(bool cancelled) {
-  if (NodeTree* const tree = GetCurrentTree()) {
+  if (NodeTree* const tree = GetCapturingTree()) {
     tree->EndCapture(cancelled);
   }
 }
 
 InputCapture* UI_NodeManager::GetInputCapture() const {
-  NodeTree const* const tree = GetCurrentTree();
+  NodeTree const* const tree = GetCapturingTree();
   return tree != nullptr ? tree->GetCapture() : nullptr;
+}
+
+NodeTree* UI_NodeManager::GetCapturingTree() const {
+  NodeTree* const current = GetCurrentTree();
+  bool const isElsewhere = mCapturing != nullptr && mCapturing->GetCapture() != nullptr &&
+                           (current == nullptr || current->GetCapture() == nullptr);
+  return isElsewhere ? mCapturing : current;
 }
 
 NodeTree* UI_NodeManager::GetCurrentTree() const {
@@ -63,8 +72,11 @@ void UI_NodeManager::SkinSetUpdated() {
     if (std::ranges::find(mTrees, tree) == mTrees.end() || tree->GetRoot() == nullptr) {
       continue;
     }
+    DispatchScope const scope(tree->State());
     passes::TellSkinSet(*tree->GetRoot());
-    tree->AddDamage({0, 0, tree->GetSize().width, tree->GetSize().height});
+    if (std::ranges::find(mTrees, tree) != mTrees.end()) {
+      tree->AddDamage({0, 0, tree->GetSize().width, tree->GetSize().height});
+    }
   }
 }
 
@@ -85,16 +97,19 @@ void UI_NodeManager::RemoveTree(NodeTree& tree) {
   std::erase(mHandling, &tree);
   std::erase(mModal, &tree);
   TreeBecameActive(tree, false);
+  if (mCapturing == &tree) {
+    mCapturing = nullptr;
+  }
 }
 
-DispatchScope::DispatchScope(NodeTree& tree) : mTree(tree) {
-  UI_NodeManager::Get(true)->mHandling.push_back(&mTree);
+DispatchScope::DispatchScope(TreeState& state) : mState(state.shared_from_this()), mTree(state.tree) {
+  UI_NodeManager::Get(true)->mHandling.push_back(mTree);
 }
 
 DispatchScope::~DispatchScope() {
   auto& handling = UI_NodeManager::Get(true)->mHandling;
   // The tree itself may have ended meanwhile, and taken all its entries along.
-  auto const last = std::find(handling.rbegin(), handling.rend(), &mTree);
+  auto const last = std::find(handling.rbegin(), handling.rend(), mTree);
   if (last != handling.rend()) {
     handling.erase(std::next(last).base());
   }

@@ -57,6 +57,18 @@ TEST_F(Button, AnswersOnlyTheLeftButton) {
   EXPECT_EQ(log.changes, 0);
 }
 
+TEST_F(Button, IsNotPressedOnceTakingTheFocusHasDisabledOrRemovedIt) {
+  UI_TextButton& button = Put(kRect);
+  button.SetNotifiesOnMouseDown(true);
+  ChangeLog const log(button);
+  button.InstallFocusChangedFunction(
+      [](ui::UI_Node* node, ui::FocusChangeReason) { node->UI_SetDisabled(); });
+  mStage.Click(Centre());
+  EXPECT_FALSE(button.IsDown());
+  EXPECT_EQ(log.changes, 0);
+  EXPECT_EQ(mStage.GetTree().GetCapture(), nullptr);
+}
+
 TEST_F(Button, IgnoresEverythingWhileDisabled) {
   UI_TextButton& button = Put(kRect);
   ChangeLog const log(button);
@@ -290,6 +302,23 @@ TEST_F(OwnerDrawButton, IsDrawnByItsOwnerInPlaceOfItsOwnDrawing) {
   EXPECT_EQ(drawn, &button);
   button.SetOwnerDrawFunction({});
   EXPECT_EQ(mStage.TakePicture(), own);
+}
+
+TEST_F(OwnerDrawButton, MayGetAnotherFunctionWhileItIsDrawn) {
+  UI_OwnerDrawButton& button = Put(kRect);
+  auto held = std::make_shared<int>(1);
+  std::weak_ptr<int> const watch = held;
+  bool wasKept = false;
+  button.SetOwnerDrawFunction([held, &watch, &wasKept](UI_OwnerDrawButton* asked, scriber::Scriber*) {
+    auto const& myWatch = watch;
+    bool& kept = wasKept;
+    asked->SetOwnerDrawFunction({});
+    kept = !myWatch.expired();
+  });
+  held.reset();
+  mStage.PaintFrame();
+  EXPECT_TRUE(wasKept);
+  EXPECT_TRUE(watch.expired());
 }
 
 TEST_F(OwnerDrawButton, DrawsAFaceInsteadOfTheContainer) {

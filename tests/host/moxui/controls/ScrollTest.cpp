@@ -4,6 +4,8 @@
 #include <moxui/controls/UI_ScrollView.h>
 #include <moxui/controls/UI_TextButton.h>
 
+#include <limits>
+
 namespace moxui::controls {
 namespace {
 
@@ -23,6 +25,18 @@ TEST_F(ScrollBar, ThumbShowsWhichPartIsSeen) {
   EXPECT_EQ(bar.GetThumbRect(), RectT<float>(0, 75, 12, 25));
   bar.SetOffset(999.0f);
   EXPECT_FLOAT_EQ(bar.GetOffset(), 300.0f);
+}
+
+TEST_F(ScrollBar, TakesWhatIsNotANumberAsZero) {
+  constexpr float kNone = std::numeric_limits<float>::quiet_NaN();
+  UI_ScrollBar& bar = Put({10, 10, 12, 100}, Orientation::kVertical);
+  bar.SetLengths(400.0f, 100.0f);
+  bar.SetOffset(50.0f);
+  bar.SetOffset(kNone);
+  EXPECT_EQ(bar.GetOffset(), 0.0f);
+  bar.SetLengths(kNone, kNone);
+  EXPECT_FALSE(bar.IsNeeded());
+  EXPECT_EQ(bar.GetMaximumOffset(), 0.0f);
 }
 
 TEST_F(ScrollBar, ThumbIsNeverTooSmallToGrab) {
@@ -191,6 +205,14 @@ TEST_F(ScrollView, ScrollIntoViewAlignsTheTopWhenAsked) {
   EXPECT_EQ(view.GetViewedRect().top, 0.0f);
   view.ScrollIntoView({0, 990, 10, 20}, true);
   EXPECT_EQ(view.GetViewedRect().top, 920.0f);
+}
+
+TEST_F(ScrollView, TakesAnOffsetThatIsNotANumberAsZero) {
+  constexpr float kNone = std::numeric_limits<float>::quiet_NaN();
+  UI_ScrollView& view = Put(264, {100, 1000});
+  view.ScrollTo({0, 100});
+  view.ScrollTo({kNone, kNone});
+  EXPECT_EQ(view.GetViewedRect().TopLeft(), PointT<float>(0, 0));
 }
 
 TEST_F(ScrollView, HoldsTheOffsetWhenTheContentShrinks) {

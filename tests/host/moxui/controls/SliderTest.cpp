@@ -37,6 +37,21 @@ TEST_F(Slider, RunsFromZeroToOneAndClampsSilently) {
   EXPECT_TRUE(log.phases.empty());
 }
 
+TEST_F(Slider, IsNotDraggedOnceTakingTheFocusHasTakenItOut) {
+  UI_Slider& slider = Put(kRect);
+  ChangeLog const log(slider);
+  moxcore::utility::IntrusivePtr<UI_Slider> const kept(&slider);
+  slider.InstallFocusChangedFunction([](ui::UI_Node* node, ui::FocusChangeReason) {
+    if (node->UI_GetParentNode() != nullptr) {
+      node->UI_GetParentNode()->UI_GetContainer()->ChildRemove(node);
+    }
+  });
+  mStage.Press(At(0.5));
+  EXPECT_EQ(slider.GetValue(), 0.0);
+  EXPECT_TRUE(log.phases.empty());
+  EXPECT_EQ(mStage.GetTree().GetCapture(), nullptr);
+}
+
 TEST_F(Slider, APressOnTheTrackJumpsThereAndDragsOn) {
   UI_Slider& slider = Put(kRect);
   ChangeLog const log(slider);

@@ -259,5 +259,56 @@ TEST(DialogWindow, ViewsAreStillInTheirWindowWhenTheCallbackHears) {
   EXPECT_TRUE(wasInATree);
 }
 
+// Hears the focus, as the first control of a dialog does while that opens.
+class FocusTaker : public ui::UI_SubView {
+ public:
+  bool UI_WantsKeyboardFocus() const override { return true; }
+  void UI_FocusChanged(ui::FocusChangeReason) override { onFocus(); }
+  std::function<void()> onFocus = [] {};
+};
+
+TEST(DialogWindow, MayBeAnsweredWhileItOpens) {
+  auto const dialog = MakeIntrusive<UI_Dialog>(nullptr, u"", WindowVariant(), ExtentT<float>(200, 100));
+  auto const taker = MakeIntrusive<FocusTaker>();
+  taker->UI_SetLocalRectF({0, 0, 20, 20});
+  dialog->GetContentView()->ChildPushBack(taker);
+  taker->onFocus = [&] { dialog->Accept(); };
+  EXPECT_EQ(dialog->RunModal(), Response::kOk);
+  EXPECT_EQ(dialog->GetViewContainer()->UI_GetTree(), nullptr);
+}
+
+TEST(DialogWindow, RefusesToRunWhileItIsRunning) {
+  auto const dialog = MakeIntrusive<UI_Dialog>(nullptr, u"", WindowVariant(), ExtentT<float>(200, 100));
+  Response second = Response::kOk;
+  bool wasStillOpen = false;
+  OnceOpen([&](ui::NodeTree&) {
+    second = dialog->RunModal();
+    wasStillOpen = dialog->GetViewContainer()->UI_GetTree() != nullptr;
+    dialog->Accept();
+  });
+  EXPECT_EQ(dialog->RunModal(), Response::kOk);
+  EXPECT_EQ(second, Response::kNone);
+  EXPECT_TRUE(wasStillOpen);
+}
+
+TEST(DialogWindow, OpensOverNoneOnceItsParentHasEnded) {
+  auto parent = platform::Application::Get()->CreateWindow({.size = {80, 60}});
+  auto const dialog = MakeIntrusive<UI_Dialog>(nullptr, u"", parent.get(), ExtentT<float>(200, 100));
+  parent.reset();
+  OnceOpen([&](ui::NodeTree&) { dialog->Accept(); });
+  EXPECT_EQ(dialog->RunModal(), Response::kOk);
+}
+
+TEST(DialogWindow, OutlivesItsParentWhileItRuns) {
+  auto parent = platform::Application::Get()->CreateWindow({.size = {80, 60}});
+  auto const dialog = MakeIntrusive<UI_Dialog>(nullptr, u"", parent.get(), ExtentT<float>(200, 100));
+  OnceOpen([&](ui::NodeTree& tree) {
+    parent.reset();
+    EXPECT_TRUE(WindowOf(tree).IsShown());
+    dialog->Accept();
+  });
+  EXPECT_EQ(dialog->RunModal(), Response::kOk);
+}
+
 }  // namespace
 }  // namespace moxui::dialogs

@@ -86,6 +86,40 @@ TEST_F(Capture, HearsEverythingFirstInItsNodesCoordinates) {
   EXPECT_TRUE(capture->IsRunning());
 }
 
+TEST_F(Capture, CancelsTheOneThatTheCancelledBegan) {
+  class Stubborn : public MoveCapture {
+   public:
+    using MoveCapture::MoveCapture;
+    void Cancel() override {
+      MoveCapture::Cancel();
+      ui::UI_NodeManager::Get(false)->BeginInputCapture(second);
+    }
+    IntrusivePtr<MoveCapture> second;
+  };
+  auto const first = MakeIntrusive<Stubborn>(log, node.Get());
+  auto const second = MakeIntrusive<MoveCapture>(log, node.Get());
+  first->second = second;
+  ui::UI_NodeManager::Get(false)->BeginInputCapture(first);
+
+  auto const third = Begin();
+
+  EXPECT_TRUE(second->HasBeenCancelled());
+  EXPECT_FALSE(second->IsRunning());
+  EXPECT_EQ(stage.GetTree().GetCapture(), third.Get());
+}
+
+TEST_F(Capture, OfANodeInAnotherTreeIsFoundThere) {
+  auto const capture = Begin();
+  testing::Stage current;
+  ASSERT_EQ(ui::UI_NodeManager::Get(false)->GetCurrentTree(), &current.GetTree());
+  EXPECT_EQ(ui::UI_NodeManager::Get(false)->GetInputCapture(), capture.Get());
+
+  ui::UI_NodeManager::Get(false)->EndInputCapture(false);
+
+  EXPECT_FALSE(capture->IsRunning());
+  EXPECT_EQ(stage.GetTree().GetCapture(), nullptr);
+}
+
 TEST_F(Capture, LetsAnEventGoOnToItsTargetWhenItIsNotConsumed) {
   node->onMouse = [this](ui::MouseEvent const& event) {
     if (event.IsAction(ui::PointerAction::kPress)) {

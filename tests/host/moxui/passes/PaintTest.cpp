@@ -44,6 +44,15 @@ TEST_F(Paint, DrawsChildrenInOwnCoordinatesOverTheirParent) {
   EXPECT_EQ(PixelAt(picture, 35, 35), kRedPixel);
 }
 
+TEST_F(Paint, HoldsNoFrameWithinAPictureOfAll) {
+  inner->onDraw = [this](scriber::Scriber*) { inner->UI_UpdateNow(1); };
+  inner->UI_Invalidate();
+
+  stage.TakePicture();
+
+  EXPECT_EQ(inner->drawCount, 1);
+}
+
 TEST_F(Paint, DrawsTheChildrenOnce) {
   stage.PaintFrame();
 

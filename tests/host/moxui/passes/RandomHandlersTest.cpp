@@ -1,11 +1,15 @@
 #include <moxui/controls/UI_ControlView.h>
 #include <moxui/testing/Stage.h>
+#include <moxui/ui/KeyboardEvent.h>
 #include <moxui/ui/UI_NodeManager.h>
+#include <moxui/ui/UI_TimerManager.h>
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <memory>
 #include <random>
+#include <utility>
 
 namespace moxui {
 namespace {
@@ -15,10 +19,13 @@ using moxcore::utility::MakeIntrusive;
 
 class Wild;
 
+constexpr int kDeepest = 3;
+
 /// A tree whose nodes do anything to it at any time, and what must hold of it nevertheless.
 class Wilderness {
  public:
   explicit Wilderness(unsigned seed) : mRandom(seed) {}
+  ~Wilderness() { depth = kDeepest; }  // at the end nodes only listen
 
   int Below(int count) { return std::uniform_int_distribution<int>(0, count - 1)(mRandom); }
   bool OneIn(int count) { return Below(count) == 0; }
@@ -28,9 +35,16 @@ class Wilderness {
   IntrusivePtr<Wild> AnyNode();
   void DoAnything();
   void SendAnything();
-  void ExpectSound();
+  void ExpectSound() const;
+  static void ExpectSound(ui::NodeTree const& tree);
+
+  void SendToOther();
+  void EndOther();
+  ui::UI_SubView& AnyRoot() { return OneIn(4) ? other->GetRootView() : stage.GetRootView(); }
 
   testing::Stage stage{{300, 200}};
+  /// One that handlers may end.
+  std::unique_ptr<testing::Stage> other = std::make_unique<testing::Stage>(ExtentT<float>(300, 200));
   int depth = 0;
 
  private:
@@ -66,7 +80,7 @@ class Wild : public controls::UI_ControlView {
 
  private:
   bool React(int oneIn) {
-    if (mWilderness.depth < 3 && mWilderness.OneIn(oneIn)) {
+    if (mWilderness.depth < kDeepest && mWilderness.OneIn(oneIn)) {
       ++mWilderness.depth;
       mWilderness.DoAnything();
       --mWilderness.depth;
@@ -86,8 +100,9 @@ IntrusivePtr<Wild> Wilderness::NewNode() {
 }
 
 IntrusivePtr<Wild> Wilderness::AnyNode() {
-  ui::UI_Node* node = stage.GetRoot();
-  while (node->UI_GetContainer()->ChildSize() > 0 && (node == stage.GetRoot() || !OneIn(3))) {
+  ui::UI_Node* const root = &AnyRoot();
+  ui::UI_Node* node = root;
+  while (node->UI_GetContainer()->ChildSize() > 0 && (node == root || !OneIn(3))) {
     auto const count = static_cast<int>(node->UI_GetContainer()->ChildSize());
     node = node->UI_GetContainer()->ChildGet(static_cast<std::size_t>(Below(count))).Get();
   }
@@ -98,11 +113,10 @@ void Wilderness::DoAnything() {
   auto const node = AnyNode();
   if (!node || OneIn(4)) {
     auto const parent = AnyNode();
-    (parent && OneIn(2) ? static_cast<ui::UI_SubView&>(*parent) : stage.GetRootView())
-        .ChildPushBack(NewNode());
+    (parent && OneIn(2) ? static_cast<ui::UI_SubView&>(*parent) : AnyRoot()).ChildPushBack(NewNode());
     return;
   }
-  switch (Below(14)) {
+  switch (Below(15)) {
     case 0:
       node->UI_GetParentNode()->UI_GetContainer()->ChildRemove(node.Get());
       break;
@@ -131,8 +145,8 @@ void Wilderness::DoAnything() {
       node->UI_InstallTimer(15, Below(3));
       break;
     case 9:
-      if (auto const other = AnyNode()) {
-        other->ChildPushBack(node);
+      if (auto const newParent = AnyNode()) {
+        newParent->ChildPushBack(node);
       }
       break;
     case 10:
@@ -144,15 +158,57 @@ void Wilderness::DoAnything() {
     case 12:
       node->UI_SetToolTip("other tip", 10);
       break;
+    case 13:
+      EndOther();
+      break;
     default:
       node->UI_Invalidate();
       break;
   }
 }
 
+void Wilderness::EndOther() {
+  auto const ended = std::exchange(other, std::make_unique<testing::Stage>(ExtentT<float>(300, 200)));
+}
+
+/// The tree only: a stage doesn't bear its own end.
+void Wilderness::SendToOther() {
+  ui::NodeTree& tree = other->GetTree();
+  ui::PointerInput input;
+  input.position = Point();
+  switch (Below(8)) {
+    case 0:
+      input.action = ui::PointerAction::kPress;
+      input.button = ui::MouseButton::kLeft;
+      break;
+    case 1:
+      input.action = ui::PointerAction::kRelease;
+      input.button = ui::MouseButton::kLeft;
+      break;
+    case 2:
+      tree.HandlePointerLeft();
+      return;
+    case 3:
+      tree.HandleKey({ui::KeyAction::kKeyDown, ui::KeyboardCode::kTab});
+      return;
+    case 4:
+      tree.SetActive(OneIn(2));
+      return;
+    case 5:
+      tree.PrepareFrame();
+      return;
+    case 6:
+      tree.GetTimers().FireDueTimers(other->GetTime() + Below(50));
+      return;
+    default:
+      break;
+  }
+  tree.HandlePointer(input);
+}
+
 void Wilderness::SendAnything() {
   auto const button = OneIn(3) ? ui::MouseButton::kRight : ui::MouseButton::kLeft;
-  switch (Below(10)) {
+  switch (Below(13)) {
     case 0:
       stage.Press(Point(), button);
       break;
@@ -177,6 +233,11 @@ void Wilderness::SendAnything() {
     case 7:
       stage.Type(u"a");
       break;
+    case 8:
+    case 9:
+    case 10:
+      SendToOther();
+      break;
     default:
       stage.Move(Point());
       break;
@@ -192,8 +253,13 @@ bool IsShownInTree(ui::UI_Node const* node) {
   return true;
 }
 
-void Wilderness::ExpectSound() {
-  auto& tree = stage.GetTree();
+void Wilderness::ExpectSound() const {
+  for (ui::NodeTree const* const tree : ui::UI_NodeManager::Get(false)->GetTrees()) {
+    ExpectSound(*tree);
+  }
+}
+
+void Wilderness::ExpectSound(ui::NodeTree const& tree) {
   if (ui::UI_Node const* const leaf = tree.GetFocusLeaf()) {
     ASSERT_EQ(leaf->UI_GetTree(), &tree);
     ASSERT_TRUE(IsShownInTree(leaf));

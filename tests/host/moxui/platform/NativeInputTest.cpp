@@ -1,21 +1,32 @@
 #include "LoggingNode.h"
 
 #include <moxui/platform/Application.h>
+#include <moxui/platform/Clipboard.h>
 #include <moxui/platform/FileDialogs.h>
 #include <moxui/skins/LayoutDirection.h>
+#include <moxui/testing/DragHand.h>
 #include <moxui/testing/ModalAnswers.h>
+#include <moxui/testing/Stage.h>
+#include <moxui/ui/DragData.h>
 #include <moxui/ui/OS_Menu.h>
 
 #include <gmock/gmock.h>
 
 #include <QApplication>
+#include <QDropEvent>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QMenu>
+#include <QMimeData>
 #include <QPointingDevice>
 #include <QScreen>
 #include <QTabletEvent>
+#include <QTouchEvent>
 #include <QWidget>
+#include <algorithm>
+#include <iterator>
+#include <memory>
+#include <stdexcept>
 
 namespace moxui {
 namespace {
@@ -106,6 +117,114 @@ TEST(NativePen, IsAPointerOfItsOwnKind) {
   EXPECT_EQ(root->lastModKeys, ui::ModKeys(ui::ModKey::kShift));
   EXPECT_EQ(root->lastClickCount, 1);
   EXPECT_TRUE(press.isAccepted());
+}
+
+class NativeTouch : public ::testing::Test {
+ protected:
+  NativeTouch() {
+    root->takes = true;
+    root->logsMoves = true;
+    window->GetTree().SetRoot(root);
+  }
+  struct Finger {
+    int id;
+    QEventPoint::State state;
+    QPointF place;
+  };
+  void Send(QEvent::Type type, std::vector<Finger> const& fingers) {
+    auto& widget = *static_cast<QWidget*>(window->GetNativeHandle());
+    QList<QEventPoint> points;
+    for (Finger const& finger : fingers) {
+      points.push_back(QEventPoint(finger.id, finger.state, finger.place, widget.mapToGlobal(finger.place)));
+    }
+    QTouchEvent event(type, QPointingDevice::primaryPointingDevice(), Qt::NoModifier, points);
+    QApplication::sendEvent(&widget, &event);
+    EXPECT_TRUE(event.isAccepted());
+  }
+
+  Log log;
+  std::unique_ptr<platform::Window> window = App().CreateWindow({.size = {80, 60}});
+  moxcore::utility::IntrusivePtr<LoggingNode> root = MakeIntrusive<LoggingNode>(log, "root");
+};
+
+TEST_F(NativeTouch, IsThatOfTheFingerThatCameFirst) {
+  Send(QEvent::TouchBegin, {{7, QEventPoint::Pressed, {10, 10}}});
+  EXPECT_EQ(root->lastSubType, ui::PointerSubType::kTouch);
+  // The platform may tell of the fingers in any order.
+  Send(QEvent::TouchUpdate, {{8, QEventPoint::Pressed, {50, 50}}, {7, QEventPoint::Stationary, {10, 10}}});
+  Send(QEvent::TouchUpdate, {{8, QEventPoint::Updated, {55, 50}}, {7, QEventPoint::Updated, {12, 10}}});
+  EXPECT_EQ(root->lastPosition, PointT<float>(12, 10));
+  Send(QEvent::TouchUpdate, {{7, QEventPoint::Released, {12, 10}}, {8, QEventPoint::Stationary, {55, 50}}});
+  Send(QEvent::TouchUpdate, {{8, QEventPoint::Updated, {60, 50}}});
+  Send(QEvent::TouchEnd, {{8, QEventPoint::Released, {60, 50}}});
+
+  Log heard;
+  std::ranges::copy_if(log, std::back_inserter(heard), [](std::string const& line) {
+    return line == "root press" || line == "root release";
+  });
+  EXPECT_THAT(heard, ElementsAre("root press", "root release"));
+  EXPECT_EQ(root->lastPosition, PointT<float>(12, 10));
+}
+
+TEST_F(NativeTouch, BeginsAnewWithTheNextFinger) {
+  Send(QEvent::TouchBegin, {{7, QEventPoint::Pressed, {10, 10}}});
+  Send(QEvent::TouchEnd, {{7, QEventPoint::Released, {10, 10}}});
+  log.clear();
+
+  Send(QEvent::TouchBegin, {{9, QEventPoint::Pressed, {20, 20}}});
+
+  EXPECT_EQ(log.back(), "root press");
+  EXPECT_EQ(root->lastPosition, PointT<float>(20, 20));
+}
+
+// Counts how often its bytes are asked for.
+class CountedData : public QMimeData {
+ public:
+  QStringList formats() const override { return {"application/x-keywords"}; }
+  mutable int fetches = 0;
+
+ protected:
+  QVariant retrieveData(QString const&, QMetaType) const override {
+    ++fetches;
+    return QByteArray("abc");
+  }
+};
+
+TEST(NativeDrag, FetchesItsDataOnce) {
+  auto const window = App().CreateWindow({.size = {80, 60}});
+  auto const root = MakeIntrusive<ui::UI_SubView>();
+  window->GetTree().SetRoot(root);
+  std::size_t bytes = 0;
+  root->UI_InstallHandleDropFunction([&](PointT<float>, ui::OS_ReceiveData& dropped, int&) {
+    bytes = dropped.GetData("application/x-keywords")->size();
+    return true;
+  });
+  auto& widget = *static_cast<QWidget*>(window->GetNativeHandle());
+  CountedData data;
+  QDragEnterEvent enter({10, 10}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+  QApplication::sendEvent(&widget, &enter);
+  int const fetches = data.fetches;
+  EXPECT_GT(fetches, 0);
+
+  for (int x = 11; x < 15; ++x) {
+    QDragMoveEvent move({x, 10}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&widget, &move);
+  }
+  QDropEvent drop({15, 10}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+  QApplication::sendEvent(&widget, &drop);
+
+  EXPECT_EQ(data.fetches, fetches);
+  EXPECT_EQ(bytes, 3u);
+}
+
+TEST(NativeClipboard, CarriesKindsOfTextBesidesThePlainOne) {
+  std::vector<std::byte> const html(4, std::byte{'x'});
+  App().GetClipboard().SetData({.text = u"plain", .formats = {{"text/html", html}}});
+
+  ui::TransferData const data = App().GetClipboard().GetData();
+
+  EXPECT_EQ(data.text, u"plain");
+  EXPECT_THAT(data.formats, ::testing::Contains(::testing::Pair("text/html", html)));
 }
 
 class NativeMenu : public ::testing::Test {
@@ -228,6 +347,53 @@ TEST(ModalAnswers, GiveTheOneBeforeBackAtTheirEnd) {
   }
 
   EXPECT_EQ(platform::GetModalResponder(), before);
+}
+
+TEST(ModalAnswers, MayEndInAnyOrder) {
+  auto* const before = platform::GetModalResponder();
+  auto first = std::make_unique<testing::ModalAnswers>();
+  auto second = std::make_unique<testing::ModalAnswers>();
+
+  first.reset();
+  EXPECT_EQ(platform::GetModalResponder(), second.get());
+  second.reset();
+
+  EXPECT_EQ(platform::GetModalResponder(), before);
+}
+
+TEST(ModalAnswers, ThatThrowLeaveTheTreesAsTheyWere) {
+  testing::Stage stage;
+  testing::ModalAnswers answers;
+  answers.Expect([&](platform::ModalRequest&) -> int {
+    EXPECT_FALSE(stage.GetTree().IsActive());
+    throw std::runtime_error("responder");
+  });
+  platform::ModalRequest request;
+
+  EXPECT_THROW(platform::AskModalResponder(request), std::runtime_error);
+
+  EXPECT_TRUE(stage.GetTree().IsActive());
+}
+
+TEST(DragHands, MayEndInAnyOrder) {
+  testing::Stage stage;
+  auto* const before = platform::GetDragSource();
+  auto first = std::make_unique<testing::DragHand>(stage);
+  auto second = std::make_unique<testing::DragHand>(stage);
+
+  first.reset();
+  EXPECT_EQ(platform::GetDragSource(), second.get());
+  second.reset();
+
+  EXPECT_EQ(platform::GetDragSource(), before);
+}
+
+TEST(ModalAnswers, ThrowWhenABoxIsNotTheMenuThatWasExpected) {
+  testing::ModalAnswers answers;
+  answers.ExpectItem(u"Cut");
+  platform::ModalRequest request;
+
+  EXPECT_THROW(answers.Answer(request), std::logic_error);
 }
 
 TEST(ModalAnswers, AreGivenInOrderAndThenTheDefault) {

@@ -62,6 +62,18 @@ TEST_F(Timers, HavePeriodsOfAtLeastTenMilliseconds) {
   }
 }
 
+TEST_F(Timers, AreToldOnceHoweverLateAndGoOnInStep) {
+  node->UI_InstallTimer(100, 7);
+  double const start = stage.GetTime();
+  auto& timers = stage.GetTree().GetTimers();
+
+  timers.FireDueTimers(start + 350);
+  timers.FireDueTimers(start + 350);
+
+  EXPECT_THAT(log, ElementsAre("node timer7"));
+  EXPECT_EQ(timers.GetNextDue(), start + 400);
+}
+
 TEST_F(Timers, AreRemovedWithTheViewsTimers) {
   node->UI_InstallTimer(100, 1);
   node->UI_InstallTimer(100, 2);

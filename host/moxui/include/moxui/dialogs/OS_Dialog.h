@@ -15,7 +15,8 @@ namespace moxui::dialogs {
 class ModalRun;
 
 /// A window that opens over another one and is waited for. It exists on the desktop only while it runs; its
-/// content, made before, keeps its state from run to run. Sizes are those of the content.
+/// content, made before, keeps its state from run to run. The parent may end before the dialog, which then
+/// opens over none. Sizes are those of the content.
 class OS_Dialog : public moxcore::utility::RefCountedObjectWithWeakPtr {
  public:
   OS_Dialog(moxcore::Utf16String title, WindowVariant const& parent,
@@ -31,9 +32,10 @@ class OS_Dialog : public moxcore::utility::RefCountedObjectWithWeakPtr {
   RectT<float> GetLocalRectF() const;
 
  protected:
+  bool IsRunning() const;
   /// Opens the window and waits for EndRun, or for the user to close it, which gives `closeAnswer`; `opened`
-  /// is called once the content is in its window. Gives `closeAnswer` where there is no desktop. The window
-  /// stays, hidden, until CloseWindow.
+  /// is called once the content is in its window. Gives `closeAnswer` where there is no desktop, or while it
+  /// is running already. The window stays, hidden, until CloseWindow.
   int Run(int closeAnswer, std::function<void()> opened);
   void CloseWindow();
   /// The first answer of a run stands. Nothing happens without one.

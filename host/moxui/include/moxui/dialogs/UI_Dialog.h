@@ -33,7 +33,8 @@ class UI_Dialog : public OS_Dialog {
   void SetCancelButton(moxcore::utility::IntrusivePtr<controls::UI_Button> button);
   void SetPostCloseCallback(PostCloseCallback callback) { mPostClose = std::move(callback); }
 
-  /// Opens the dialog and waits until it is closed. A close by the user means kCancel.
+  /// Opens the dialog and waits until it is closed. A close by the user means kCancel. While it is open
+  /// already nothing happens, and the response is kNone.
   Response RunModal();
   Response GetResponse() const { return mContainer->GetResponse(); }
   /// End the run.

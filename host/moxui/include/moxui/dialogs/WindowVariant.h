@@ -1,5 +1,7 @@
 #pragma once
 
+#include <memory>
+
 namespace moxui::platform {
 class Window;
 }
@@ -9,18 +11,19 @@ class UI_Node;
 
 namespace moxui::dialogs {
 
-/// Over which window a dialog opens: a window, or the one that a node is shown in. Empty: over none.
+/// Over which window a dialog opens: a window, or the one that a node is shown in. Empty, or once the window
+/// has ended: over none.
 class WindowVariant {
  public:
   WindowVariant() = default;
-  WindowVariant(platform::Window* window) : mWindow(window) {}  // NOLINT(google-explicit-constructor)
-  WindowVariant(ui::UI_Node* node);                             // NOLINT(google-explicit-constructor)
+  WindowVariant(platform::Window* window);  // NOLINT(google-explicit-constructor)
+  WindowVariant(ui::UI_Node* node);         // NOLINT(google-explicit-constructor)
 
   /// Null when there is none.
-  platform::Window* GetWindow() const { return mWindow; }
+  platform::Window* GetWindow() const { return mWindow ? *mWindow : nullptr; }
 
  private:
-  platform::Window* mWindow = nullptr;
+  std::shared_ptr<platform::Window* const> mWindow;
 };
 
 }  // namespace moxui::dialogs

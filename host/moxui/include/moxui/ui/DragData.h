@@ -36,6 +36,8 @@ class OS_ReceiveData {
   /// Null when the drag has nothing in that format.
   std::vector<std::byte> const* GetData(std::string_view format) const;
   ModKeys GetModKey() const { return mModKeys; }
+  /// For who hands it on while the drag goes on.
+  void SetModKey(ModKeys modKeys) { mModKeys = modKeys; }
 
  private:
   TransferData mData;

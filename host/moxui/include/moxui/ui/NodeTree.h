@@ -35,7 +35,7 @@ enum class DragPhase { kEnter, kOver, kLeave, kDrop };
 
 /// A tree of nodes and all that belongs to it as a whole: pointer, capture, hover, focus, damage, timers,
 /// tool tip. Its coordinates are those of the window's content, origin top left. A window or a stage owns it,
-/// hands input in and has it painted.
+/// hands input in and has it painted. Handlers may do anything to it, end it too.
 class NodeTree {
  public:
   /// The host outlives the tree.
@@ -116,7 +116,7 @@ class NodeTree {
   TreeState& State() const { return *mState; }
 
  private:
-  std::unique_ptr<TreeState> mState;
+  std::shared_ptr<TreeState> mState;
 };
 
 /// Paints one node and what is below it at the origin of any surface, such as an offscreen one.

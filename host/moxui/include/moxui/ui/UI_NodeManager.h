@@ -25,7 +25,8 @@ class UI_NodeManager {
   /// Never the same twice in a process.
   static int GetUniqueTimerID();
 
-  /// Replaces a running capture, which is cancelled first.
+  /// Replaces a running capture, which is cancelled first. A capture for a node belongs to the node's tree,
+  /// and is found there by the calls that follow unless the current tree has one.
   void BeginInputCapture(moxcore::utility::IntrusivePtr<InputCapture> capture);
   void EndInputCapture(bool cancelled);
   InputCapture* GetInputCapture() const;
@@ -54,12 +55,14 @@ class UI_NodeManager {
   UI_NodeManager() = default;
   void AddTree(NodeTree& tree);
   void RemoveTree(NodeTree& tree);
+  NodeTree* GetCapturingTree() const;
   void TreeBecameActive(NodeTree& tree, bool active);
 
   std::vector<NodeTree*> mTrees;
   std::vector<NodeTree*> mHandling;
   std::vector<NodeTree*> mModal;
   NodeTree* mActive = nullptr;
+  NodeTree* mCapturing = nullptr;  ///< the one that began a capture last
   scriber::SupplierInterface const* mSupplier = nullptr;
   utility::ImageProvider* mImageProvider = nullptr;
 };

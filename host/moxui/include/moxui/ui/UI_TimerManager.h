@@ -7,17 +7,19 @@
 
 namespace moxui::ui {
 
-class NodeTree;
 class UI_Node;
+struct TreeState;
 
-/// The timers of one tree. Periods are held to at least 10 ms; what was due several times over is told once.
+/// The timers of one tree. Periods are held to at least 10 ms; what was due several times over is told once,
+/// and goes on in step.
 class UI_TimerManager {
  public:
-  explicit UI_TimerManager(NodeTree& tree);
+  explicit UI_TimerManager(TreeState& state);
 
   void InstallTimer(UI_Node* node, float milliseconds, int id);
   void RemoveTimer(UI_Node* node, int id);
   void RemoveTimers(UI_Node* node);
+  void RemoveAll();
   /// Removes a node's timers and gives them: id and period each.
   std::vector<std::pair<int, float>> TakeTimers(UI_Node* node);
   bool HasTimer(UI_Node const* node, int id) const;
@@ -35,7 +37,7 @@ class UI_TimerManager {
     double due;
   };
 
-  NodeTree& mTree;
+  TreeState& mState;
   std::vector<Timer> mTimers;
 };
 

@@ -123,6 +123,8 @@ TEST_P(CurvePoint, ShowsTitleCaptionsAndButtons) {
     EXPECT_EQ(cancel.GetTextLabel(), u"Cancel");
     EXPECT_TRUE(ok.GetDefaultAppearance());
     EXPECT_FALSE(cancel.GetDefaultAppearance());
+    EXPECT_EQ(ok.GetCommitAppearance(), IsV7());
+    EXPECT_EQ(cancel.GetCommitAppearance(), IsV7());
   });
   EXPECT_EQ(mAnswers.GetRecords().back().title, u"Curve Point");
 }

@@ -58,9 +58,9 @@ DrawButtonParameters UI_Button::GetDrawParameters() const {
   parameters.SetRectF(UI_GetLocalRectF(ui::RectSpace::kOwn));
   parameters.SetCornerRadius(mCornerRadius.value_or(skinSet.GetNumber(skins::SkinNumber::kCornerRadius)));
   bool const isOn = mValue && !IsValueUnknown();
-  parameters.SetSelectedAppearance(isOn || mIsDefault || mCommits || mComponents.IsSelected());
+  parameters.SetSelectedAppearance(isOn || mIsDefault || mComponents.IsSelected());
   if ((mIsDefault || mCommits) && mComponents.GetVariant() == ButtonVariant::kPlain) {
-    parameters.Components().SetVariant(ButtonVariant::kPrimary);
+    parameters.Components().SetVariant(mIsDefault ? ButtonVariant::kPrimary : ButtonVariant::kSecondary);
   }
   skins::Interaction const interaction = skins::GetInteraction(state);
   bool const isActive =

@@ -1,12 +1,15 @@
+#include "MirrorLayout.h"
 #include "NodeAccess.h"
 #include "ShowsText.h"
 
+#include <moxui/skins/LayoutDirection.h>
 #include <moxui/ui/AutoLayout.h>
 #include <moxui/ui/UI_LayoutView.h>
 #include <moxui/ui/UI_SubView.h>
 
 #include <algorithm>
 #include <cmath>
+#include <optional>
 
 namespace moxui::ui {
 
@@ -119,9 +122,14 @@ AutoLayoutFlags GetAutoLayoutFlags(UI_SubView const& view) {
 }
 
 void AutoLayoutSubView(UI_SubView* view, scriber::Scriber* scriber) {
-  if (view != nullptr) {
-    FitView(*view, scriber);
+  if (view == nullptr) {
+    return;
   }
+  std::optional<MirroredForAutoLayout> mirrored;
+  if (skins::IsRightToLeft()) {
+    mirrored.emplace(*view);
+  }
+  FitView(*view, scriber);
 }
 
 }  // namespace moxui::ui

@@ -1,9 +1,11 @@
 #include "../archive/ArchiveClasses.h"
+#include "MirrorLayout.h"
 
 #include <moxcore/debug/Trace.h>
 #include <moxcore/string/Encoding.h>
 #include <moxui/archive/UINodeArchive.h>
 #include <moxui/resources/ResourceManager.h>
+#include <moxui/skins/LayoutDirection.h>
 #include <moxui/ui/UI_Container.h>
 #include <moxui/ui/UI_NodeBuilder.h>
 
@@ -172,7 +174,11 @@ class Building {
       PropertyValue("children", children).Reject();
     }
     for (Value const* const description : descriptions) {
-      container->ChildPushBack(BuildNode(*description, depth + 1));
+      NodePtr const child = BuildNode(*description, depth + 1);
+      if (skins::IsRightToLeft()) {
+        MirrorChild(*child, node.UI_GetLocalRectF(RectSpace::kOwn).width);
+      }
+      container->ChildPushBack(child);
     }
   }
 

@@ -7,10 +7,15 @@
 #include <moxcore/config/Localizer.h>
 #include <moxcore/debug/Trace.h>
 #include <moxcore/utility/PointerCasts.h>
+#include <moxui/controls/UI_HotTextNumber.h>
 #include <moxui/controls/UI_PictureButton.h>
 #include <moxui/controls/UI_Popup.h>
 #include <moxui/controls/UI_StaticText.h>
 #include <moxui/controls/UI_TextButton.h>
+#include <moxui/scriber/RasterSupplier.h>
+#include <moxui/scriber/Scriber.h>
+#include <moxui/scriber/SupplierInterface.h>
+#include <moxui/scriber/SurfaceInterface.h>
 #include <moxui/skins/LayoutDirection.h>
 #include <moxui/ui/AutoLayout.h>
 #include <moxui/ui/UI_NodeBuilder.h>
@@ -167,12 +172,14 @@ TEST(NodeBuilder, ReadsTheSectionsOfATextButton) {
   EXPECT_TRUE(button->GetValue());
   EXPECT_EQ(button->GetComponents().GetComponentSize(), controls::ComponentSize::kLarge);
   EXPECT_TRUE(button->GetDefaultAppearance());
+  EXPECT_TRUE(button->GetCommitAppearance());
   EXPECT_TRUE(button->GetComponents().IsEmphasized());
   EXPECT_TRUE(button->GetComponents().IsQuiet());
   EXPECT_TRUE(button->GetComponents().ShowsHoldIcon());
   EXPECT_EQ(button->GetComponents().GetVariant(), controls::ButtonVariant::kSecondary);
   EXPECT_FALSE(button->ShouldDisplayBorderAlways());
   EXPECT_EQ(button->GetContentOffset(), PointT<float>(1, -1));
+  EXPECT_EQ(button->GetDownOffset(), PointT<float>(2, 3));
   EXPECT_TRUE(button->IsDown());
   EXPECT_EQ(button->GetStrokeSizes(), (std::pair(4.0f, 5.0f)));
   EXPECT_TRUE(button->IsSpringLoaded());
@@ -198,6 +205,46 @@ TEST(NodeBuilder, ReadsTheSectionsOfAPictureButton) {
   EXPECT_EQ(button->GetImageName(), "Save_Md");
 }
 
+TEST(NodeBuilder, ReadsTheSectionsOfAHotTextNumber) {
+  auto const real = [](char const* number) { return std::string("<double>") + number + "</double>"; };
+  auto const node = NodeOf(
+      "moxui::controls::UI_HotTextNumber",
+      {{"moxui::controls::UI_HotTextNumber",
+        Pair("minValue", real("-10")) + Pair("maxValue", real("200")) + Pair("increment", real("2")) +
+            Pair("shiftIncrement", real("20")) + Pair("cmdIncrement", real("0.5")) +
+            Pair("decimalPlaces", Signed("1")) + Pair("formatAlwaysSign", "<true/>") +
+            Pair("formatPadSign", "<true/>") + Pair("formatLeadingSpaces", "<true/>") +
+            Pair("formatNoLocalization", "<true/>") + Pair("formatNoTrailingZeros", "<true/>") +
+            Pair("formatUseSeparator", "<true/>") + Pair("formatNormal", "<true/>") +
+            Pair("numericInput", "<true/>")},
+       {"moxui::controls::UI_HotText", Pair("textLabel", Wide("px")) + Pair("fontSize", Real("11"))},
+       {"moxui::controls::UI_ControlView", Pair("value", real("7.25")) + Pair("wantsFocus", "<true/>")}});
+  auto const number = BuildControl<controls::UI_HotTextNumber>(node);
+  EXPECT_EQ(number->GetValue(), 7.25);
+  EXPECT_EQ(number->GetMinValue(), -10);
+  EXPECT_EQ(number->GetMaxValue(), 200);
+  EXPECT_EQ(number->GetIncrement(), 2);
+  EXPECT_EQ(number->GetShiftIncrement(), 20);
+  EXPECT_EQ(number->GetCmdIncrement(), 0.5);
+  EXPECT_EQ(number->GetFormat(), (controls::NumberFormat{.decimalPlaces = 1,
+                                                         .normal = true,
+                                                         .alwaysSign = true,
+                                                         .padSign = true,
+                                                         .leadingSpaces = true,
+                                                         .noTrailingZeros = true,
+                                                         .useSeparator = true,
+                                                         .noLocalization = true}));
+  EXPECT_TRUE(number->GetNumericInput());
+  EXPECT_EQ(number->GetTextLabel(), u"px");
+  EXPECT_TRUE(number->UI_WantsKeyboardFocus());
+}
+
+TEST(NodeBuilder, ReadsTheSectionsOfAHotText) {
+  auto const text = BuildControl<controls::UI_HotText>(
+      NodeOf("moxui::controls::UI_HotText", {{"moxui::controls::UI_HotText", Pair("text", Wide("Title"))}}));
+  EXPECT_EQ(text->GetText(), u"Title");
+}
+
 TEST(NodeBuilder, ReadsTheSectionsOfAStaticText) {
   auto const text = BuildControl<controls::UI_StaticText>(
       ControlOf("UI_StaticText", Pair("text", Wide("Hello")) + Pair("alignment", Choice("2"))));
@@ -211,6 +258,58 @@ TEST(NodeBuilder, AlignmentsChangePlacesWhereTheInterfaceRunsFromRightToLeft) {
       BuildControl<controls::UI_StaticText>(ControlOf("UI_StaticText", Pair("alignment", Choice("2"))));
   skins::SetRightToLeft(false);
   EXPECT_EQ(text->GetAlignment(), controls::ControlAlignment::kLeft);
+}
+
+// A label with a button behind it and another one at the far edge.
+std::string RowOfThree() {
+  auto const button = [](char const* id, char const* left, char const* bits) {
+    return NodeOf("moxui::controls::UI_TextButton",
+                  {{"moxui::ui::UI_SubView", Constraints(bits)},
+                   {"moxui::ui::UI_Node", Bounds(left, "0", "40", "20") + Pair("id", Narrow(id))}});
+  };
+  std::string const label =
+      NodeOf("moxui::controls::UI_StaticText",
+             {{"moxui::controls::UI_StaticText", Pair("text", Wide("A text of many words"))},
+              {"moxui::ui::UI_Node", Bounds("0", "0", "20", "20") + Pair("id", Narrow("label"))}});
+  return SubViewOf(Pair("AutoLayout", "<true/>") + Pair("LayoutChildren", "<true/>") +
+                       Children({label, button("near", "24", "0"), button("far", "160", "5")}),
+                   Bounds("0", "0", "200", "20"));
+}
+
+TEST(NodeBuilder, TheTreeIsMirroredWhereTheInterfaceRunsFromRightToLeft) {
+  skins::SetRightToLeft(true);
+  auto const tree = Build(RowOfThree());
+  auto const placeOf = [&](char const* id) {
+    return tree.nodes.at(id)->UI_GetLocalRectF(RectSpace::kParent);
+  };
+  EXPECT_EQ(placeOf("label"), RectT<float>(180, 0, 20, 20));
+  EXPECT_EQ(placeOf("near"), RectT<float>(136, 0, 40, 20));
+  EXPECT_EQ(placeOf("far"), RectT<float>(0, 0, 40, 20));
+  tree.root->UI_SetLocalRectF({0, 0, 250, 20});
+  EXPECT_EQ(placeOf("near"), RectT<float>(186, 0, 40, 20));
+  EXPECT_EQ(placeOf("far"), RectT<float>(0, 0, 40, 20));
+  skins::SetRightToLeft(false);
+}
+
+TEST(NodeBuilder, TextsOfAMirroredTreeGrowToTheLeft) {
+  auto const surface = scriber::GetRasterSupplier()->NewOffscreenSurface(1, 1, 1);
+  scriber::Scriber scratch(scriber::GetRasterSupplier(), surface.Get());
+  auto const plain = Build(RowOfThree());
+  AutoLayoutSubView(DynamicCast<UI_SubView>(plain.root).Get(), &scratch);
+  skins::SetRightToLeft(true);
+  auto const mirrored = Build(RowOfThree());
+  AutoLayoutSubView(DynamicCast<UI_SubView>(mirrored.root).Get(), &scratch);
+  skins::SetRightToLeft(false);
+  float const width = plain.root->UI_GetLocalRectF(RectSpace::kOwn).width;
+  EXPECT_GT(width, 250);
+  EXPECT_EQ(mirrored.root->UI_GetLocalRectF(RectSpace::kOwn).width, width);
+  for (char const* const id : {"label", "near", "far"}) {
+    RectT<float> const place = plain.nodes.at(id)->UI_GetLocalRectF(RectSpace::kParent);
+    EXPECT_EQ(mirrored.nodes.at(id)->UI_GetLocalRectF(RectSpace::kParent),
+              RectT<float>(width - place.Right(), place.top, place.width, place.height))
+        << id;
+    EXPECT_EQ(mirrored.nodes.at(id)->UI_GetLayoutBinding(), std::string(id) == "far" ? 0u : 5u) << id;
+  }
 }
 
 TEST(NodeBuilder, LiteralsInRoundBracketsAreLookedUp) {
@@ -327,6 +426,10 @@ INSTANTIATE_TEST_SUITE_P(
         BadTree{"UnknownChoice", ControlOf("UI_StaticText", Pair("alignment", Choice("3"))), "“alignment”"},
         BadTree{"NegativeChoice", ControlOf("UI_StaticText", Pair("alignment", Signed("-1"))), "“alignment”"},
         BadTree{"AHalfChoice", ControlOf("UI_StaticText", Pair("alignment", Real("0.5"))), "“alignment”"},
+        BadTree{"TooManyPlaces",
+                NodeOf("moxui::controls::UI_HotTextNumber",
+                       {{"moxui::controls::UI_HotTextNumber", Pair("decimalPlaces", Signed("16"))}}),
+                "“decimalPlaces”"},
         BadTree{"ATextForATruth", ControlOf("UI_TextButton", "", Pair("enabled", Wide("yes"))), "“enabled”"},
         BadTree{"ANumberForAText", ControlOf("UI_TextButton", Pair("textLabel", Signed("1"))), "“textLabel”"},
         BadTree{"ItemsThatAreNoList", ControlOf("UI_Popup", Pair("popupItems", Wide("One"))), "“popupItems”"},

@@ -152,6 +152,16 @@ TEST_F(Button, TogglesTurnBeforeTheyNotify) {
   EXPECT_EQ(heard, (std::vector{true, false}));
 }
 
+TEST_F(Button, OfTheButtonsThatEndADialogTheDefaultOneIsThePrimaryOne) {
+  UI_TextButton& button = Put({0, 0, 80, 24}, u"OK");
+  EXPECT_EQ(button.GetDrawParameters().Components().GetVariant(), ButtonVariant::kPlain);
+  button.SetCommitAppearance(true);
+  EXPECT_EQ(button.GetDrawParameters().Components().GetVariant(), ButtonVariant::kSecondary);
+  EXPECT_FALSE(button.GetDrawParameters().HasSelectedAppearance());
+  button.SetDefaultAppearance(true);
+  EXPECT_EQ(button.GetDrawParameters().Components().GetVariant(), ButtonVariant::kPrimary);
+}
+
 TEST_F(Button, SpringLoadedOnesNeverStayOn) {
   UI_TextButton& button = Put(kRect);
   button.SetButtonStyle(ButtonStyle::kToggle);

@@ -44,8 +44,8 @@ class UI_Button : public UI_InteractiveControlView {
   /// The button that Enter means in its dialog.
   void SetDefaultAppearance(bool isDefault);
   bool GetDefaultAppearance() const { return mIsDefault; }
-  /// The button that carries out what its dialog is for: it is drawn as the primary one, unless it has a
-  /// variant of its own.
+  /// One of the buttons that end a dialog: framed in the V7 look, unless it is the default one, which is
+  /// drawn as the primary one, or has a variant of its own.
   void SetCommitAppearance(bool commits);
   bool GetCommitAppearance() const { return mCommits; }
   /// A frame even while idle, as at first.

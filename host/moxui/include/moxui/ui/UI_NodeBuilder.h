@@ -28,6 +28,9 @@ using CustomNodeFactory =
 /// section's properties go to the node, from the base class to the most derived one; keys that the class
 /// doesn't have are passed over with a trace ("moxui.archive").
 ///
+/// Archives are laid out from left to right; where the interface runs from right to left, the tree comes
+/// mirrored.
+///
 /// Whatever is wrong with a document throws a mox_exception that names the line, and leaves nothing behind.
 class UI_NodeBuilder {
  public:

@@ -44,7 +44,7 @@ class ModalRun {
   moxcore::utility::IntrusivePtr<ui::UI_Node> mRoot;
   std::unique_ptr<platform::Window> mWindow;
   std::optional<int> mAnswer;
-  /// Shared with the run, which a handler may outlive it.
+  /// Shared with the run, in which a handler may end this.
   std::shared_ptr<bool> mIsRunning = std::make_shared<bool>(false);
 };
 

@@ -404,7 +404,7 @@ std::vector<PageDescriptor> ControlPages() {
       Described(
           "tree", "$$$/playground/page/tree=Tree",
           "$$$/playground/page/tree/text=Rows in columns, any number of them, with whatever cells hold.",
-          Trees, {SampleState::kNormal, SampleState::kHover, SampleState::kFocused, SampleState::kDisabled}),
+          Trees, {SampleState::kNormal, SampleState::kFocused, SampleState::kDisabled}),
       Described(
           "box", "$$$/playground/page/box=Boxes and rows",
           "$$$/playground/page/box/text=Frames around what belongs together, and rows of buttons that make "

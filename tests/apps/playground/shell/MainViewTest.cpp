@@ -72,7 +72,7 @@ TEST(MainView, ListsThePagesThatAreSearchedFor) {
   StagedProgram program;
   EXPECT_EQ(ListedPages(program.shell.View()), AllPages().size());
   EXPECT_TRUE(program.stage.Key(KeyboardCode::kF, ModKeys(ModKey::kCommand)));
-  program.stage.Type(u"BOX");
+  program.stage.Type(u"CHECKB");
   EXPECT_EQ(ListedPages(program.shell.View()), 1u);
   program.stage.Key(KeyboardCode::kDown);
   EXPECT_EQ(program.state.page, FindPage("checkbox"));

@@ -17,9 +17,9 @@
 namespace moxcore::filesupport {
 namespace {
 
-using tests::ScratchFolder;
 using ::testing::HasSubstr;
 using ::testing::UnorderedElementsAre;
+using tests::ScratchFolder;
 
 File FileIn(ScratchFolder const& folder, std::string_view name) {
   return File(Dir(Utf8String(folder.Path().string())), name);

@@ -14,8 +14,8 @@
 namespace moxcore::filesupport {
 namespace {
 
-using tests::ScratchFolder;
 using ::testing::ElementsAre;
+using tests::ScratchFolder;
 
 File FileIn(ScratchFolder const& folder, std::string_view name) {
   return File(Dir(Utf8String(folder.Path().string())), name);

@@ -32,13 +32,14 @@ class ButtonAppearance : public testing::ControlTest<UI_TextButton> {
   }
 };
 
-TEST_F(ButtonAppearance, OfTheOneThatCommitsIsThePrimaryOneWithoutMeaningEnter) {
+TEST_F(ButtonAppearance, OfTheOneThatCommitsIsThePrimaryOneAsTheDefaultAlone) {
   UI_TextButton& button = Put(kRect, u"OK");
-  EXPECT_EQ(FillOf(button), ui::GetColor(ThemeColorID::kButtonFill));
   button.SetCommitAppearance(true);
-  EXPECT_EQ(FillOf(button), ui::GetColor(ThemeColorID::kInteractive));
+  EXPECT_EQ(button.GetDrawParameters().Components().GetVariant(), ButtonVariant::kSecondary);
+  EXPECT_NE(FillOf(button), ui::GetColor(ThemeColorID::kInteractive));
   EXPECT_FALSE(button.UI_GetAccessibleState().isDefault);
   button.SetDefaultAppearance(true);
+  EXPECT_EQ(FillOf(button), ui::GetColor(ThemeColorID::kInteractive));
   EXPECT_TRUE(button.UI_GetAccessibleState().isDefault);
 }
 

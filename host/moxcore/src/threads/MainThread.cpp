@@ -14,6 +14,8 @@ namespace moxcore::threads {
 namespace {
 
 struct SharedPoster {
+  explicit SharedPoster(MainThreadPoster function) : post(std::move(function)) {}
+
   MainThreadPoster post;
   int calls = 0;  // under way, on any thread; guarded by the queue's mutex
 };

@@ -212,7 +212,7 @@ bool WindowWidget::HandleTouch(QTouchEvent& event) {
   if (found == points.end()) {
     return true;
   }
-  QEventPoint const point = *found;
+  QEventPoint const& point = *found;
   ui::PointerInput input;
   input.subType = ui::PointerSubType::kTouch;
   // In the window, which this widget is.

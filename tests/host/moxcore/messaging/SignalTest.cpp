@@ -8,6 +8,7 @@
 #include <memory>
 #include <string>
 #include <thread>
+#include <utility>
 #include <vector>
 
 namespace moxcore::messaging {
@@ -116,6 +117,7 @@ TEST(Signal, MayEndWhileItFires) {
 TEST(Signal, HoldsNoLockWhileADisconnectedFunctionEnds) {
   // Asks another thread for the signal's lock when it ends.
   struct Asking {
+    Asking(Connection connection, bool* free) : other(std::move(connection)), wasFree(free) {}
     ~Asking() {
       auto const answered = std::make_shared<std::promise<void>>();
       std::thread([asked = other, answered] {
@@ -130,7 +132,7 @@ TEST(Signal, HoldsNoLockWhileADisconnectedFunctionEnds) {
   Changed signal;
   bool wasFree = false;
   auto const other = signal.Connect([] {});
-  auto connection = signal.Connect([held = std::shared_ptr<Asking>(new Asking{other, &wasFree})] {});
+  auto connection = signal.Connect([held = std::make_shared<Asking>(other, &wasFree)] {});
   connection.Disconnect();
   EXPECT_TRUE(wasFree);
 }

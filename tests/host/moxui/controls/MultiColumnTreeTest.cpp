@@ -36,7 +36,7 @@ TEST_F(Tree, HasTheSizesOfItsLook) {
   EXPECT_FLOAT_EQ(tree->GetRowHeight(), 28.0f);
   EXPECT_FLOAT_EQ(UI_MultiColumnTree::GetCellTextLeftInset(), 8.0f);
   EXPECT_FLOAT_EQ(UI_MultiColumnTree::GetCellTextFontSize(), 12.0f);
-  EXPECT_EQ(UI_MultiColumnTree::GetDefaultCellPadding(), PaddingT<float>(8, 0, 8, 0));
+  EXPECT_EQ(UI_MultiColumnTree::GetDefaultCellPadding(), (PaddingT<float>{8, 0, 8, 0}));
   testing::RunningLook const classic(false);
   EXPECT_FLOAT_EQ(tree->GetRowHeight(), 20.0f);
   EXPECT_FLOAT_EQ(UI_MultiColumnTree::GetCellTextLeftInset(), 6.0f);

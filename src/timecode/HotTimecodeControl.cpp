@@ -86,9 +86,9 @@ void UI_HotTimecodeControl::SetTimecodeString(Utf16String const& text, bool inli
 }
 
 void UI_HotTimecodeControl::SetInlineTextStringFromTimecode() {
-  Utf16String text = mModel.GetText();
+  Utf16String const text = mModel.GetText();
   if (mTextEdit->GetValue() != text) {
-    mTextEdit->SetValue(std::move(text), false);
+    mTextEdit->SetValue(text, false);
     UI_TellAccessibleChange(moxui::ui::AccessibleChange::kValue);
   }
 }

@@ -5,7 +5,6 @@
 #include <moxcore/utility/ModuleResources.h>
 
 #include <string>
-#include <utility>
 
 namespace moxcore::config {
 namespace {
@@ -33,9 +32,9 @@ int AddCataloguesFromModule(utility::ModuleHandle module) {
   for (auto const& name : utility::GetResourceDataNames(module, kType)) {
     if (auto const bytes = utility::FindBinaryInModule(module, kType, utility::ResourceName(name))) {
       auto const* const text = reinterpret_cast<char const*>(bytes->data());
-      Catalogue catalogue = ParseCatalogue({text, bytes->size()});
+      Catalogue const catalogue = ParseCatalogue({text, bytes->size()});
       TraceProblems(catalogue, Utf8String(name));
-      Localizer::Get().AddCatalogue(std::move(catalogue));
+      Localizer::Get().AddCatalogue(catalogue);
       ++count;
     }
   }

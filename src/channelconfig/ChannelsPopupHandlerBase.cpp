@@ -32,6 +32,8 @@ ChannelsPopupHandlerBase::ChannelsPopupHandlerBase(bool allowCustomLayouts)
 
 ChannelsPopupHandlerBase::~ChannelsPopupHandlerBase() = default;
 
+// By value, so that a client may keep what it is given.
+// NOLINTNEXTLINE(performance-unnecessary-value-param)
 void ChannelsPopupHandlerBase::SaveLayoutsToPreferences(PopupData, AudioChannelLayout, Utf16String) {}
 
 AudioChannelLayout ChannelsPopupHandlerBase::GetDefaultChannelLayout(PopupData&) {
@@ -74,9 +76,8 @@ void ChannelsPopupHandlerBase::PopulatePopup(PopupData& data) {
         moxcore::string::UTF8to16(moxappsupport::presets::LocalizedPresetName(*preset)), UI_Popup::kAppend);
     data.itemPresets[value] = preset->guid;
     // The last preset with the default layout wins; the first with Stereo stands in for it.
-    if (preset->data.channelLayout == defaultLayout) {
-      data.chosenValue = value;
-    } else if (data.chosenValue == UI_Popup::kNoItem && preset->data.channelLayout == stereoLayout) {
+    bool const standsIn = data.chosenValue == UI_Popup::kNoItem && preset->data.channelLayout == stereoLayout;
+    if (preset->data.channelLayout == defaultLayout || standsIn) {
       data.chosenValue = value;
     }
   }
@@ -126,7 +127,7 @@ void ChannelsPopupHandlerBase::RunCustomLayoutDialog(std::size_t popupIndex) {
 
 AudioChannelLayout ChannelsPopupHandlerBase::GetSelectedLayout(IntrusivePtr<UI_Popup> const& popup) const {
   std::int64_t const value = popup->GetValue();
-  AudioChannelLayout const mono = moxmediatypes::CreateMonoChannelLayout();
+  AudioChannelLayout mono = moxmediatypes::CreateMonoChannelLayout();
   auto const data = std::ranges::find(mPopups, popup, &PopupData::popup);
   if (data == mPopups.end()) {
     return mono;

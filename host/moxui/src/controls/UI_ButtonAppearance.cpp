@@ -2,6 +2,15 @@
 #include <moxui/controls/UI_Button.h>
 
 namespace moxui::controls {
+namespace {
+
+template <typename Change>
+ButtonComponents Changed(ButtonComponents components, Change change) {
+  change(components);
+  return components;
+}
+
+}  // namespace
 
 void UI_Button::SetDefaultAppearance(bool isDefault) {
   StoreVisual(mIsDefault, isDefault);
@@ -48,33 +57,26 @@ void UI_Button::SetComponents(ButtonComponents const& components) {
 }
 
 void UI_Button::SetComponentSize(ComponentSize size) {
-  ButtonComponents components = mComponents;
-  components.SetComponentSize(size);
-  SetComponents(components);
+  SetComponents(
+      Changed(mComponents, [&](ButtonComponents& components) { components.SetComponentSize(size); }));
 }
 
 void UI_Button::SetVariant(ButtonVariant variant) {
-  ButtonComponents components = mComponents;
-  components.SetVariant(variant);
-  SetComponents(components);
+  SetComponents(Changed(mComponents, [&](ButtonComponents& components) { components.SetVariant(variant); }));
 }
 
 void UI_Button::SetQuiet(bool quiet) {
-  ButtonComponents components = mComponents;
-  components.SetQuiet(quiet);
-  SetComponents(components);
+  SetComponents(Changed(mComponents, [&](ButtonComponents& components) { components.SetQuiet(quiet); }));
 }
 
 void UI_Button::SetEmphasized(bool emphasized) {
-  ButtonComponents components = mComponents;
-  components.SetEmphasized(emphasized);
-  SetComponents(components);
+  SetComponents(
+      Changed(mComponents, [&](ButtonComponents& components) { components.SetEmphasized(emphasized); }));
 }
 
 void UI_Button::SetShowHoldIcon(bool shows) {
-  ButtonComponents components = mComponents;
-  components.SetShowHoldIcon(shows);
-  SetComponents(components);
+  SetComponents(
+      Changed(mComponents, [&](ButtonComponents& components) { components.SetShowHoldIcon(shows); }));
 }
 
 }  // namespace moxui::controls

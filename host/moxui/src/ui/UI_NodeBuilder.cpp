@@ -25,7 +25,7 @@ using archive::PropertyValue;
 using archive::ThrowArchiveError;
 using archive::Value;
 using moxcore::utility::IntrusivePtr;
-using NodePtr = IntrusivePtr<UI_Node>;
+using OwnedNode = IntrusivePtr<UI_Node>;
 
 constexpr moxcore::debug::TraceLevel kDetail{8};
 
@@ -89,13 +89,13 @@ class Building {
  public:
   explicit Building(CustomNodeFactory const& factory) : mFactory(factory) {}
 
-  NodePtr BuildNode(Value const& description, int depth) {
+  OwnedNode BuildNode(Value const& description, int depth) {
     if (depth > UI_NodeBuilder::kMaximalDepth) {
       ThrowArchiveError("$$$/moxui/Archive/Error/Levels=View archive, line @0: there are too many levels.",
                         description.GetLine());
     }
     auto const sections = SectionsOf(description);
-    NodePtr node = Make(description, sections);
+    OwnedNode node = Make(description, sections);
     for (auto section = sections.rbegin(); section != sections.rend(); ++section) {
       ApplySection(*node, **section, depth);
     }
@@ -105,7 +105,7 @@ class Building {
   NodeMap TakeNodes() { return std::move(mNodes); }
 
  private:
-  NodePtr Make(Value const& description, std::vector<Value const*> const& sections) {
+  OwnedNode Make(Value const& description, std::vector<Value const*> const& sections) {
     Value const* type = &Require(description, "adapter");
     for (Value const* const section : sections) {
       Value const* const name = section->Find("className");
@@ -116,7 +116,7 @@ class Building {
     }
     moxcore::Utf8String const& name = PropertyValue("adapter", *type).AsName();
     auto const* const known = archive::FindArchiveClass(name);
-    NodePtr node = known != nullptr && known->make != nullptr ? known->make() : nullptr;
+    OwnedNode node = known != nullptr && known->make != nullptr ? known->make() : nullptr;
     if (!node && mFactory) {
       node = mFactory(name);
     }
@@ -158,7 +158,7 @@ class Building {
   void SetID(UI_Node& node, Value const& value) {
     moxcore::Utf8String const& id = PropertyValue("id", value).AsName();
     node.UI_SetNodeID(id);
-    if (!id.empty() && !mNodes.emplace(id, NodePtr(&node)).second) {
+    if (!id.empty() && !mNodes.emplace(id, OwnedNode(&node)).second) {
       ThrowArchiveError("$$$/moxui/Archive/Error/ID=View archive, line @0: there are two nodes “@1”.",
                         value.GetLine(), id);
     }
@@ -174,7 +174,7 @@ class Building {
       PropertyValue("children", children).Reject();
     }
     for (Value const* const description : descriptions) {
-      NodePtr const child = BuildNode(*description, depth + 1);
+      OwnedNode const child = BuildNode(*description, depth + 1);
       if (skins::IsRightToLeft()) {
         MirrorChild(*child, node.UI_GetLocalRectF(RectSpace::kOwn).width);
       }
@@ -200,7 +200,7 @@ UI_NodeBuilder::Tree UI_NodeBuilder::Build(scriber::SupplierInterface const*,
   return tree;
 }
 
-NodePtr UI_NodeBuilder::LoadViewFromXML(utility::ResourceManager const* resources,
+OwnedNode UI_NodeBuilder::LoadViewFromXML(utility::ResourceManager const* resources,
                                         scriber::SupplierInterface const* supplier,
                                         moxcore::Utf16String const& name, NodeMap& nodes,
                                         CustomNodeFactory const& factory) {

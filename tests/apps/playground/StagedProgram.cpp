@@ -3,6 +3,9 @@
 #include "audio/WaveformView.h"
 #include "program/AppearanceState.h"
 
+#include <moxmediaui/Module.h>
+#include <moxui/scriber/RasterSupplier.h>
+
 #include <stdexcept>
 
 namespace playground {
@@ -11,6 +14,14 @@ ProgramState& StagedProgram::Begun(ProgramState& state, std::string_view page, A
   state.appearance = appearance;
   state.page = FindPage(page);
   return state;
+}
+
+StagedProgram::Library::Library() {
+  moxmediaui::Initialize(moxui::scriber::GetRasterSupplier());
+}
+
+StagedProgram::Library::~Library() {
+  moxmediaui::Terminate();
 }
 
 StagedProgram::StagedProgram(std::string_view page, Appearance const& appearance, moxui::ExtentT<float> size)
@@ -33,6 +44,10 @@ ControlPage& StagedProgram::Controls() const {
 
 TimecodePage& StagedProgram::Timecode() const {
   return dynamic_cast<TimecodePage&>(*shell.View().GetPage());
+}
+
+CurvePage& StagedProgram::Curve() const {
+  return dynamic_cast<CurvePage&>(*shell.View().GetPage());
 }
 
 moxui::PointT<float> StagedProgram::PointIn(moxui::ui::UI_Node const& node, float x, float y) {

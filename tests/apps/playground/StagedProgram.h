@@ -2,6 +2,7 @@
 
 #include "audio/AudioPage.h"
 #include "controls/ControlPage.h"
+#include "curve/CurvePage.h"
 #include "playground/playback/ManualDevice.h"
 #include "shell/Shell.h"
 #include "timecode/TimecodePage.h"
@@ -14,6 +15,12 @@ namespace playground {
 
 // The program on a stage in place of a window, with a sound device under the test's hand.
 class StagedProgram {
+  // The library runs as long as there are views.
+  struct Library {
+    Library();
+    ~Library();
+  };
+
  public:
   explicit StagedProgram(std::string_view page = "audio", Appearance const& appearance = {},
                          moxui::ExtentT<float> size = {1200.0f, 800.0f});
@@ -22,6 +29,7 @@ class StagedProgram {
   AudioPage& Audio() const;
   ControlPage& Controls() const;
   TimecodePage& Timecode() const;
+  CurvePage& Curve() const;
   AudioSession& Session() { return state.audio; }
   // A point of a node's, in the tree's coordinates, by shares of its extent.
   static moxui::PointT<float> PointIn(moxui::ui::UI_Node const& node, float x, float y = 0.5f);
@@ -29,6 +37,7 @@ class StagedProgram {
   double SampleAt(moxui::PointT<float> point) const;
   moxui::platform::Pixels Picture() { return stage.TakePicture(); }
 
+  Library library;
   ManualDevice device;
   ProgramState state;
   moxui::testing::Stage stage;

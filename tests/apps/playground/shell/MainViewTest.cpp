@@ -307,7 +307,7 @@ TEST_P(Reachable, BackwardInTheOppositeOrder) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Pages, Reachable,
-                         testing::Values("audio", "timecode", "buttons", "checkbox", "popup", "slider",
+                         testing::Values("audio", "timecode", "curve", "buttons", "checkbox", "popup", "slider",
                                          "scroll-view", "hot-text", "text-edit"),
                          [](auto const& page) {
                            std::string name(page.param);

@@ -63,7 +63,6 @@ DirBasedStorage::DirBasedStorage(Utf16String const& family, Utf16String extensio
     : mDir(GetLocalPresetsBaseDir(), family, false), mExtension(std::move(extension)) {
   // Where it can't be made, nothing can be listed or written, and those operations tell so.
   FileUtils::EnsureDirectoryExists(mDir.FullPath());
-  SafeSave::DeleteLeftovers(mDir);
 }
 
 bool DirBasedStorage::CollectPresetFiles(std::vector<File>& files) {
@@ -110,7 +109,7 @@ void DirBasedStorage::TraceFailedRepair(File const& file) {
 bool DirBasedStorage::WriteFile(TextMaker const& text, File const& file) noexcept {
   try {
     return Replace(text, file, file.Create(false));
-  } catch (...) {
+  } catch (std::exception const&) {
     return false;
   }
 }
@@ -134,7 +133,7 @@ bool DirBasedStorage::WriteRecordedOrNewFile(PresetRecord const& preset, TextMak
       return true;
     }
     return false;
-  } catch (...) {
+  } catch (std::exception const&) {
     return false;
   }
 }
@@ -146,7 +145,7 @@ bool DirBasedStorage::DeletePresetFile(PresetRecord const& preset) {
   }
   try {
     recorded->second.Delete();
-  } catch (...) {
+  } catch (std::exception const&) {
     return false;
   }
   mFiles.erase(recorded);

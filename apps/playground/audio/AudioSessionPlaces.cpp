@@ -1,6 +1,16 @@
 #include "audio/AudioSession.h"
 
+#include <moxcore/threads/HighPrecisionTime.h>
+
 namespace playground {
+namespace {
+
+std::int64_t Now() {
+  using Time = moxcore::threads::HighPrecisionTime;
+  return Time::ConvertToNanos(Time::GetCurrentTimeStamp());
+}
+
+}  // namespace
 
 AudioSession::Places const& AudioSession::CurrentPlaces() const {
   static Places const kNone;
@@ -46,7 +56,7 @@ void AudioSession::Note(ViewPlace const& before, ViewStep step) {
     places.zoom.Follow(before.view, mView);
     step = ViewStep::kFollow;
   }
-  places.history.Note(before, {mView, mSelection}, step, StepTime());
+  places.history.Note(before, {mView, mSelection}, step, Now());
 }
 
 void AudioSession::ChangeView(std::function<void(Viewport&)> const& change, ViewStep step) {

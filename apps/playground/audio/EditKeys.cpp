@@ -1,7 +1,6 @@
 #include "audio/EditKeys.h"
 
 #include "audio/AudioSession.h"
-#include "shell/UndoKeys.h"
 
 #include <moxui/ui/KeyboardEvent.h>
 
@@ -15,11 +14,21 @@ bool HandleEditKey(AudioSession& session, moxui::ui::KeyboardEvent const& event,
   if (!event.IsAction(moxui::ui::KeyAction::kKeyDown)) {
     return false;
   }
-  if (event.CompareShortcut(KeyboardCode::kE, ModKeys(ModKey::kCommand))) {
+  ModKeys const command(ModKey::kCommand);
+  if (event.CompareShortcut(KeyboardCode::kZ, command)) {
+    session.Undo();
+    return true;
+  }
+  if (event.CompareShortcut(KeyboardCode::kZ, ModKeys(ModKey::kCommand | ModKey::kShift)) ||
+      event.CompareShortcut(KeyboardCode::kY, command)) {
+    session.Redo();
+    return true;
+  }
+  if (event.CompareShortcut(KeyboardCode::kE, command)) {
     exportSelection();
     return true;
   }
-  return HandleUndoKey(session, event);
+  return false;
 }
 
 }  // namespace playground

@@ -15,7 +15,7 @@ struct FileRequest;
 namespace playground {
 
 class AudioSession;
-class CurveSession;
+class ChannelDesk;
 class EventLog;
 class TimecodeBench;
 class Transport;
@@ -42,7 +42,7 @@ struct PageContext {
   Transport& transport;
   EventLog& log;
   TimecodeBench& timecode;
-  CurveSession& curve;
+  ChannelDesk& channels;
   // Asks the user for the name of a file to write; empty when there is none to be.
   std::function<std::string(moxui::platform::FileRequest request)> askWhereToSave = {};
 };

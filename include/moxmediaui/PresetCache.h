@@ -1,6 +1,7 @@
 #pragma once
 
 #include <moxcore/filesupport/Dir.h>
+#include <moxcore/filesupport/DirLock.h>
 #include <moxcore/filesupport/File.h>
 #include <moxcore/messaging/Signal.h>
 #include <moxcore/serialization/JSON.h>
@@ -46,9 +47,12 @@ class DirBasedStorage : public moxcore::utility::noncopyable {
   moxcore::filesupport::Dir const& GetDir() const noexcept { return mDir; }
 
  protected:
-  /// The directory is made if it isn't there. `extension` has its dot.
+  /// The directory is made if it isn't there, and rid of what killed saves left. `extension` has its dot.
   DirBasedStorage(moxcore::Utf16String const& family, moxcore::Utf16String extension);
   ~DirBasedStorage() = default;
+
+  /// While it is held no other process loads or restores.
+  moxcore::filesupport::DirLock LockOthersOut() const { return moxcore::filesupport::DirLock(mDir); }
 
   /// Reads every valid preset of the directory, in order of file names. Where two have the same GUID, the
   /// later one becomes a copy, on disk too. False if the directory can't be listed; `out` is untouched then.
@@ -120,10 +124,7 @@ class PresetCache : public Storage {
 
   /// Reads the directory anew, with what other processes changed in it.
   void Reload() {
-    this->LoadPresets(mPresets);
-    if (mPresets.empty()) {
-      RestoreEmbeddedPresets();
-    }
+    LoadOrRestore();
     std::sort(mPresets.begin(), mPresets.end(), PresetLess);
     changed.Fire();
   }
@@ -174,6 +175,15 @@ class PresetCache : public Storage {
   moxcore::messaging::Signal<void(), 1> changed;
 
  private:
+  void LoadOrRestore() {
+    // Of two that find the directory empty only one may fill it, and no one loads what is half restored.
+    [[maybe_unused]] auto const alone = this->LockOthersOut();
+    this->LoadPresets(mPresets);
+    if (mPresets.empty()) {
+      RestoreEmbeddedPresets();
+    }
+  }
+
   void RestoreEmbeddedPresets() {
     for (auto const& preset : ReadEmbeddedPresets()) {
       if (this->WritePreset(preset)) {
@@ -186,7 +196,7 @@ class PresetCache : public Storage {
     try {
       auto const text = this->EmbeddedListText(mName);
       return text.empty() ? std::vector<PresetType>() : ParsePresetListText<T>(text.c_str(), text.size() + 1);
-    } catch (std::exception const&) {
+    } catch (...) {
       return {};
     }
   }
@@ -247,8 +257,10 @@ std::optional<Preset<T>> DirBasedStorage::ReadPresetFile(File const& file) {
     return ParsePresetText<T>(text->c_str(), text->size() + 1);
   } catch (std::exception const& exception) {
     Skip(file, SkipReason::kMalformed, exception.what());
-    return std::nullopt;
+  } catch (...) {
+    Skip(file, SkipReason::kMalformed, "the payload can't be converted");
   }
+  return std::nullopt;
 }
 
 template <class T>

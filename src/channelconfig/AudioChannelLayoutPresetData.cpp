@@ -20,6 +20,9 @@ AudioChannelLayoutPresetData JSONConvert<AudioChannelLayoutPresetData>::FromJSON
   AudioChannelLayoutPresetData data;
   data.channelLayout.reserve(channels.size());
   for (auto const& channel : channels) {
+    if (channel == nullptr) {
+      throw std::bad_any_cast();
+    }
     data.channelLayout.emplace_back(
         moxmediaui::channelconfig::LowBits(GetRequiredInObject(*channel, kLabel)));
   }

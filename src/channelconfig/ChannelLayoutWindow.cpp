@@ -136,6 +136,8 @@ void CustomAudioChannelLayoutDialog::SetUpButtons() {
 void CustomAudioChannelLayoutDialog::SetUpPresets() {
   mPresetsView = CheckedCast<PresetsView>(mDialog->GetNodeForID("PresetsViewID"));
   mPresetsView->Initialize(GetResourceManager(), GetDrawSupplier(), GetModuleImageProvider());
+  // It had its size before it had its content, which takes that size over only now.
+  mPresetsView->UI_SizeChanged(mPresetsView->UI_GetLocalRectF(moxui::ui::RectSpace::kOwn));
   mPresetsView->SetPresetProvider(mPresetProvider.get());
 }
 

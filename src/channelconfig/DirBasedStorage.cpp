@@ -63,6 +63,7 @@ DirBasedStorage::DirBasedStorage(Utf16String const& family, Utf16String extensio
     : mDir(GetLocalPresetsBaseDir(), family, false), mExtension(std::move(extension)) {
   // Where it can't be made, nothing can be listed or written, and those operations tell so.
   FileUtils::EnsureDirectoryExists(mDir.FullPath());
+  SafeSave::DeleteLeftovers(mDir);
 }
 
 bool DirBasedStorage::CollectPresetFiles(std::vector<File>& files) {
@@ -109,7 +110,7 @@ void DirBasedStorage::TraceFailedRepair(File const& file) {
 bool DirBasedStorage::WriteFile(TextMaker const& text, File const& file) noexcept {
   try {
     return Replace(text, file, file.Create(false));
-  } catch (std::exception const&) {
+  } catch (...) {
     return false;
   }
 }
@@ -133,7 +134,7 @@ bool DirBasedStorage::WriteRecordedOrNewFile(PresetRecord const& preset, TextMak
       return true;
     }
     return false;
-  } catch (std::exception const&) {
+  } catch (...) {
     return false;
   }
 }
@@ -145,7 +146,7 @@ bool DirBasedStorage::DeletePresetFile(PresetRecord const& preset) {
   }
   try {
     recorded->second.Delete();
-  } catch (std::exception const&) {
+  } catch (...) {
     return false;
   }
   mFiles.erase(recorded);

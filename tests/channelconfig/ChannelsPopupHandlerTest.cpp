@@ -242,5 +242,46 @@ TEST_F(PopupHandler, ACopySharesStoreAndPopups) {
   EXPECT_EQ(copy.GetSelectedLayout(popup), ChannelsOf({0}));
 }
 
+TEST_F(PopupHandler, ACopyDoesntHearFromThePopupsOfItsSource) {
+  Handler handler(true);
+  auto const popup = AddPopup(handler);
+  Handler const copy = handler;
+  Edit(*popup, [](OpenEditor& editor) { editor.Press("OKButtonID"); });
+  EXPECT_EQ(handler.saved.size(), 1u);
+  EXPECT_THAT(copy.saved, IsEmpty());
+}
+
+TEST_F(PopupHandler, DoesntSeeWhatAnotherOneSavesUntilItIsMadeAnew) {
+  Handler handler(true);
+  Handler const early(true);
+  handler.GetPresetCache()->SavePreset(MakePreset("Foo"));
+  EXPECT_THAT(NamesOf(early.GetPresetCache()->GetPresets()), ElementsAre("Mono", "Stereo", "5.1"));
+  Handler late(true);
+  EXPECT_THAT(Shown(*AddPopup(late)),
+              ElementsAre(u"Mono", u"Stereo", u"5.1", u"-", u"Foo", u"-", u"Custom..."));
+}
+
+TEST_F(PopupHandler, APresetThatHasGoneFromTheStoreIsNoMatch) {
+  SaveInStore(MakePreset("Foo", kUser, {102}));
+  Handler handler(true);
+  auto const popup = AddPopup(handler);
+  Choose(*popup, u"Foo");
+  handler.GetPresetCache()->RemovePreset(MakePreset("Foo", kUser, {102}));
+  EXPECT_EQ(popup->GetValue(), 4);
+  EXPECT_EQ(handler.GetSelectedLayout(popup), ChannelsOf({0}));
+  handler.SetSelectedLayout(ChannelsOf({100, 101}), popup);
+  handler.SetSelectedLayout(ChannelsOf({102}), popup);
+  EXPECT_EQ(popup->GetValue(), 1);
+}
+
+TEST_F(PopupHandler, ItselfShowsWhatWasConfirmedAndRemembersNothing) {
+  ChannelsPopupHandlerBase handler(true);
+  auto const popup = AddPopup(handler);
+  Choose(*popup, u"5.1");
+  Edit(*popup, [](OpenEditor& editor) { editor.Press("OKButtonID"); });
+  EXPECT_EQ(popup->GetValue(), 2);
+  EXPECT_EQ(AddPopup(handler)->GetValue(), 1);
+}
+
 }  // namespace
 }  // namespace layout_presets

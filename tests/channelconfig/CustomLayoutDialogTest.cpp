@@ -1,12 +1,18 @@
 #include "LayoutDialogFixture.h"
 
+#include <moxcore/config/Catalogue.h>
+#include <moxcore/config/Localizer.h>
 #include <moxui/controls/UI_MultiColumnTreeHeaderRow.h>
 #include <moxui/controls/UI_StaticText.h>
+#include <moxui/platform/Application.h>
+#include <moxui/platform/Window.h>
 #include <moxui/testing/ComparePicture.h>
+#include <moxui/ui/UI_NodeManager.h>
 
 namespace layout_presets {
 namespace {
 
+using Dialog = moxmediaui::channelconfig::CustomAudioChannelLayoutDialog;
 using moxui::ui::KeyboardCode;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
@@ -101,6 +107,23 @@ TEST_F(LayoutDialog, TheFirstItemTakesTheLabelAway) {
   EXPECT_EQ(mDialog->GetLayout(), ChannelsOf({100, 0}));
 }
 
+TEST_F(LayoutDialog, ValuesUpToTheDividersStandForTheFirstLabelAndThosePastTheSetForNone) {
+  mValid = {moxmediatypes::AudioChannelDescription(0), moxmediatypes::AudioChannelDescription(100),
+            moxmediatypes::AudioChannelDescription(101)};
+  Run(kStereo, [&](OpenEditor& editor) {
+    auto const tell = [&](std::int64_t value) {
+      editor.Popup(1)->SetValue(value);
+      editor.Popup(1)->SendValueChangedMessage();
+      return mDialog->GetLayout();
+    };
+    EXPECT_EQ(tell(4), ChannelsOf({100, 101}));  // position 3 of three
+    EXPECT_EQ(tell(1), ChannelsOf({100, 0}));
+    EXPECT_EQ(tell(2), ChannelsOf({100, 100}));
+    EXPECT_EQ(tell(-1), ChannelsOf({100, 0}));
+    EXPECT_EQ(tell(3), ChannelsOf({100, 101}));
+  });
+}
+
 // Adding and removing
 
 TEST_F(LayoutDialog, AChannelWithoutALabelIsFollowedByAnother) {
@@ -155,6 +178,20 @@ TEST_F(LayoutDialog, APresetWithMoreHasToBeCutDownFirst) {
     EXPECT_TRUE(editor.Button("AddChannelButtonID").UI_IsDisabled());
     EXPECT_TRUE(editor.Button("OKButtonID").UI_IsEnabled());
   });
+}
+
+TEST_F(LayoutDialog, APresetWithoutChannelsHasToGetOneFirst) {
+  Cache()->SavePreset(MakePreset("None", kUser, {}));
+  Run(kUser, [](OpenEditor& editor) {
+    EXPECT_EQ(editor.Tree().CountRows(), 0u);
+    EXPECT_TRUE(editor.Button("OKButtonID").UI_IsDisabled());
+    EXPECT_TRUE(editor.Button("RemoveChannelButtonID").UI_IsDisabled());
+    editor.Press("AddChannelButtonID");
+    EXPECT_THAT(editor.Labels(), ElementsAre(u"1"));
+    EXPECT_THAT(editor.Selected(), ElementsAre(0));
+    EXPECT_TRUE(editor.Button("OKButtonID").UI_IsEnabled());
+  });
+  EXPECT_EQ(mDialog->GetLayout(), ChannelsOf({0}));
 }
 
 TEST_F(LayoutDialog, RemovingTheLastRowSelectsTheNewLastOne) {
@@ -260,6 +297,29 @@ TEST_F(LayoutDialog, TheFocusOfAPopupSelectsItsRowAndTheOtherWayRound) {
   });
 }
 
+TEST_F(LayoutDialog, ARowStaysSelectedWhereverThePressIs) {
+  Run(kStereo, [](OpenEditor& editor) {
+    editor.stage.Click(editor.stage.CenterOf(editor.Tree()));  // below the two rows
+    EXPECT_THAT(editor.Selected(), ElementsAre(1));
+    editor.stage.SetModKeys(moxui::ui::ModKey::kCommand);
+    editor.PressNumber(1);
+    EXPECT_THAT(editor.Selected(), ElementsAre(1));
+    editor.PressNumber(0);
+    EXPECT_THAT(editor.Selected(), ElementsAre(0));
+  });
+}
+
+TEST_F(LayoutDialog, ItsColumnsAreNeitherMovedNorSortedBy) {
+  Run(kStereo, [](OpenEditor& editor) {
+    auto& header = *editor.Tree().GetHeaderRow();
+    auto const label = editor.stage.CenterOf(*header.ChildGet(1));
+    editor.stage.Drag(label, editor.stage.CenterOf(*header.ChildGet(0)));
+    editor.stage.Click(label);
+    EXPECT_EQ(header.GetColumnAt(0), 0);
+    EXPECT_EQ(header.GetSortColumn(), -1);
+  });
+}
+
 // Rows and their popups
 
 TEST_F(LayoutDialog, OnlyRowsThatWereSeenHavePopupsAndTheyKeepThem) {
@@ -325,6 +385,26 @@ TEST_F(LayoutDialog, ItsPartsLieWhereTheyBelongInBothLooks) {
   }
 }
 
+TEST_F(LayoutDialog, TheStripFillsItsPlaceThoughItsLabelNeedsNoMore) {
+  auto& localizer = moxcore::config::Localizer::Get();
+  localizer.AddCatalogue(moxcore::config::ParseCatalogue(
+      "msgid \"\"\nmsgstr \"\"\n\"Language: xx\\n\"\n\nmsgctxt "
+      "\"$$$/CustomAudioChannelLayoutDialogXML/Preset\"\nmsgid \"Preset:\"\nmsgstr \"P\"\n"));
+  localizer.SetLanguage("xx");
+  for (bool const isV7 : {true, false}) {
+    moxui::skins::SetRunningV7OrBeyond(isV7);
+    Run(kStereo, [](OpenEditor& editor) {
+      auto const place = [&](char const* id) {
+        return FindNode(editor.stage.GetRootView(), id)->UI_GetLocalRectF(moxui::ui::RectSpace::kParent);
+      };
+      EXPECT_EQ(place("PresetLabelID").width, 30.0f);
+      EXPECT_EQ(place("PresetsViewID").width, 269.0f);
+      EXPECT_EQ(place("DeletePresetButtonID").Right(), 269.0f);
+    });
+  }
+  localizer.SetLanguage("");
+}
+
 TEST_F(LayoutDialog, LooksAsWasAgreedOn) {
   for (bool const isV7 : {true, false}) {
     moxui::skins::SetRunningV7OrBeyond(isV7);
@@ -349,6 +429,24 @@ TEST_F(LayoutDialog, TellsWhatItsButtonsDo) {
     EXPECT_EQ(editor.Button("CancelButtonID").GetTextLabel(), u"Cancel");
     EXPECT_EQ(editor.Popup(1)->UI_GetAccessibleName(), "Label of channel 2");
   });
+}
+
+TEST(LayoutDialogWindow, CantBecomeSmallerThanItsArchive) {
+  PresetStore const store;
+  moxmediaui::Initialize(moxui::scriber::GetRasterSupplier());
+  {
+    auto const dialog = moxcore::utility::MakeIntrusive<Dialog>(
+        store.Open(), moxmediatypes::GetSupportedAudioChannelDescriptions(), moxcore::Guid());
+    moxui::platform::Application::Get()->PostDelayed(0, [] {
+      moxui::ui::NodeTree& tree = *moxui::ui::UI_NodeManager::Get(false)->GetTrees().back();
+      dynamic_cast<moxui::platform::Window&>(tree.GetHost()).SetSize({200, 100});
+      EXPECT_EQ(tree.GetSize(), moxui::ExtentT<float>(320, 325));
+      tree.HandleKey(moxui::ui::KeyboardEvent(moxui::ui::KeyAction::kKeyDown, KeyboardCode::kEscape));
+    });
+    dialog->RunDialog();
+    EXPECT_EQ(dialog->GetResponse(), kCancelled);
+  }
+  moxmediaui::Terminate();
 }
 
 }  // namespace

@@ -9,30 +9,9 @@
 #include <gtest/gtest.h>
 
 #include <any>
-#include <atomic>
-#include <set>
 #include <stdexcept>
 #include <string>
-#include <thread>
 #include <vector>
-
-// A payload that tells on which thread it was read.
-namespace {
-
-struct Traveller {
-  std::uint64_t number = 0;
-  std::thread::id thread;
-};
-
-}  // namespace
-
-template <>
-struct moxcore::serialization::JSONConvert<Traveller> {
-  static Traveller FromJSON(std::any const& value) {
-    return {std::any_cast<std::uint64_t>(value), std::this_thread::get_id()};
-  }
-  static std::any ToJSON(Traveller const& traveller) { return traveller.number; }
-};
 
 namespace moxappsupport::presets {
 namespace {
@@ -42,18 +21,6 @@ using ::testing::ElementsAre;
 
 std::vector<LayoutPreset> ParseList(std::string const& text) {
   return ParsePresetListText<AudioChannelLayoutPresetData>(text.data(), text.size());
-}
-
-std::string ListOf(std::size_t count, std::size_t bad = ~std::size_t{0}) {
-  std::string text = "[";
-  for (std::size_t i = 0; i < count; ++i) {
-    text += (i == 0 ? "" : ",") + TextOf("p", kUser, i == bad ? "\"bad\"" : std::to_string(i));
-  }
-  return text + "]";
-}
-
-std::vector<Preset<Traveller>> ParseTravellers(std::string const& text) {
-  return ParsePresetListText<Traveller>(text.data(), text.size());
 }
 
 std::string EmbeddedList() {
@@ -122,32 +89,6 @@ TEST(PresetList, MustBeAList) {
 
 TEST(PresetList, FailsAsAWholeForOneBadElement) {
   EXPECT_THROW(ParseList("[" + TextOf("Foo") + ",{}]"), moxcore::serialization::missing_key_exception);
-}
-
-TEST(PresetList, IsReadOnTheCallingThreadUpTo512Elements) {
-  auto const presets = ParseTravellers(ListOf(512));
-  ASSERT_EQ(presets.size(), 512u);
-  for (std::size_t i = 0; i < presets.size(); ++i) {
-    EXPECT_EQ(presets[i].data.number, i);
-    EXPECT_EQ(presets[i].data.thread, std::this_thread::get_id());
-  }
-}
-
-TEST(PresetList, KeepsItsOrderOnManyThreads) {
-  auto const presets = ParseTravellers(ListOf(513));
-  ASSERT_EQ(presets.size(), 513u);
-  for (std::size_t i = 0; i < presets.size(); ++i) {
-    EXPECT_EQ(presets[i].data.number, i);
-  }
-  // What is behind the 16 chunks of 32.
-  EXPECT_EQ(presets[512].data.thread, std::this_thread::get_id());
-}
-
-TEST(PresetList, ThrowsWhatAnElementThrowsOnAnyThread) {
-  for (std::size_t const bad : {0u, 31u, 300u, 511u, 512u}) {
-    EXPECT_THROW(ParseTravellers(ListOf(513, bad)), std::bad_any_cast) << bad;
-    EXPECT_THROW(ParseTravellers(ListOf(512, std::min<std::size_t>(bad, 511))), std::bad_any_cast) << bad;
-  }
 }
 
 }  // namespace

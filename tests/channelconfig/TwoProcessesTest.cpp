@@ -5,6 +5,8 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <array>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -70,6 +72,54 @@ TEST(TwoProcesses, NeitherTearNorLosePresetsThatTheySaveAtOnce) {
     for (auto const& guid : *guids) {
       EXPECT_NE(std::ranges::find(presets, guid, &LayoutPreset::guid), presets.end());
     }
+  }
+}
+
+// Processes that all wait at a gate and then start for the first time.
+class FirstStarts {
+ public:
+  FirstStarts(PresetStore const& store, std::size_t count) {
+    if (pipe(mGate.data()) != 0) {
+      throw std::runtime_error("no pipe for the test");
+    }
+    for (std::size_t i = 0; i < count; ++i) {
+      mChildren.push_back(fork());
+      if (mChildren.back() < 0) {
+        throw std::runtime_error("no process for the test");
+      }
+      if (mChildren.back() == 0) {
+        close(mGate[1]);
+        char gone = 0;
+        // Gives nothing once the gate is opened.
+        [[maybe_unused]] auto const nothing = read(mGate[0], &gone, 1);
+        _exit(static_cast<int>(store.Open()->GetPresets().size()));
+      }
+    }
+    close(mGate[0]);
+  }
+
+  // Lets them go, and gives how many presets each of them had.
+  std::vector<int> Finish() {
+    close(mGate[1]);
+    std::vector<int> counts;
+    for (auto const child : mChildren) {
+      int status = 0;
+      waitpid(child, &status, 0);
+      counts.push_back(WIFEXITED(status) ? WEXITSTATUS(status) : -1);
+    }
+    return counts;
+  }
+
+ private:
+  std::array<int, 2> mGate{};
+  std::vector<pid_t> mChildren;
+};
+
+TEST(TwoProcesses, ThatStartForTheFirstTimeTogetherRestoreTheFactoryPresetsOnce) {
+  for (int round = 0; round < 10; ++round) {
+    PresetStore const store;
+    EXPECT_EQ(FirstStarts(store, 6).Finish(), std::vector<int>(6, 3));
+    EXPECT_EQ(store.Files(), (std::vector<std::string>{"5.1.preset", "Mono.preset", "Stereo.preset"}));
   }
 }
 

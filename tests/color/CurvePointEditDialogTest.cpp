@@ -2,6 +2,8 @@
 #include <moxmediaui/CurvePointEditDialog.h>
 #include <moxmediaui/Module.h>
 #include <moxui/controls/UI_TextButton.h>
+#include <moxui/platform/Application.h>
+#include <moxui/platform/Window.h>
 #include <moxui/scriber/RasterSupplier.h>
 #include <moxui/skins/Look.h>
 #include <moxui/testing/FailingSupplier.h>
@@ -9,12 +11,15 @@
 #include <moxui/testing/Stage.h>
 #include <moxui/ui/KeyboardEvent.h>
 #include <moxui/ui/UI_Container.h>
+#include <moxui/ui/UI_NodeManager.h>
 
 #include <gtest/gtest.h>
 
 #include <functional>
 #include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 namespace moxmediaui {
 namespace {
@@ -232,6 +237,37 @@ TEST_P(CurvePoint, ItsButtonsSpeakTheRunningLanguage) {
   });
   localizer.SetLanguage("");
   Terminate();
+}
+
+TEST(CurvePointWindow, CantBecomeSmallerThanItsCaptionsNeed) {
+  Initialize(moxui::scriber::GetRasterSupplier());
+  std::vector<std::pair<Utf16String, float>> const captions = {
+      {u"X", 197.0f}, {u"A caption that takes far more room than there is", 297.0f}};
+  for (auto const& [caption, least] : captions) {
+    auto const dialog =
+        MakeIntrusive<CurvePointEditDialog>(u"", caption, u"Y", moxui::dialogs::WindowVariant());
+    moxui::platform::Application::Get()->PostDelayed(0, [least = least] {
+      moxui::ui::NodeTree& tree = *moxui::ui::UI_NodeManager::Get(false)->GetTrees().back();
+      ExtentT<float> const size = tree.GetSize();
+      EXPECT_GE(size.width, least);
+      EXPECT_EQ(size.height, 118.0f);
+      dynamic_cast<moxui::platform::Window&>(tree.GetHost()).SetSize({100, 50});
+      EXPECT_EQ(tree.GetSize(), size);
+      tree.HandleKey(moxui::ui::KeyboardEvent(moxui::ui::KeyAction::kKeyDown, KeyboardCode::kEscape));
+    });
+    dialog->RunModal();
+    EXPECT_EQ(dialog->GetResponse(), Response::kCancel);
+  }
+  Terminate();
+}
+
+TEST_P(CurvePoint, KeysGoToNoEndOfARangeThatHasNone) {
+  Open(u"X", u"Y");
+  Run([&](Stage& stage) {
+    stage.Key(KeyboardCode::kEnd);
+    stage.Key(KeyboardCode::kUp);
+  });
+  EXPECT_EQ(mDialog->GetHotTextNumber1()->GetValue(), 1);
 }
 
 }  // namespace

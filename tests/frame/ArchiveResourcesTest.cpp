@@ -1,10 +1,7 @@
 // The view archives among the library's resources: both variants of each, every section, every key.
+#include "ArchiveNodes.h"
+
 #include <moxcore/debug/Trace.h>
-#include <moxmediaui/Module.h>
-#include <moxui/archive/UINodeArchive.h>
-#include <moxui/resources/ResourceManager.h>
-#include <moxui/scriber/RasterSupplier.h>
-#include <moxui/skins/Look.h>
 #include <moxui/ui/UI_NodeBuilder.h>
 #include <moxui/ui/UI_SubView.h>
 
@@ -12,7 +9,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <functional>
 #include <map>
 #include <set>
 #include <string>
@@ -22,14 +18,8 @@
 namespace moxmediaui {
 namespace {
 
-using moxui::archive::Value;
 using ::testing::IsEmpty;
 using Names = std::vector<std::string>;
-
-std::string TextOf(Value const& object, char const* key) {
-  Value const* const value = object.Find(key);
-  return value != nullptr ? std::string(value->GetText()) : std::string();
-}
 
 Names SectionNames(Value const& node) {
   Names names;
@@ -38,20 +28,6 @@ Names SectionNames(Value const& node) {
     names.push_back(TextOf(*sections.Find("section-" + std::to_string(i)), "sectionName"));
   }
   return names;
-}
-
-// Every node with its place in the tree, such as "/0/2".
-void Visit(Value const& node, std::string const& place,
-           std::function<void(Value const&, std::string const&)> const& visit) {
-  visit(node, place);
-  for (auto const& section : node.Find("sections")->GetMembers()) {
-    Value const* const children = section.value.Find("children");
-    for (std::size_t i = 0; children != nullptr && i < children->GetMembers().size(); ++i) {
-      auto const& child = children->GetMembers()[i];
-      EXPECT_EQ(std::string(child.key), "child-" + std::to_string(i));
-      Visit(child.value, place + "/" + std::to_string(i), visit);
-    }
-  }
 }
 
 // The classes of an adapter, from the most derived one to UI_Node.
@@ -82,22 +58,10 @@ Names ClassesOf(std::string const& adapter) {
   return names;
 }
 
-class Archives : public ::testing::TestWithParam<char const*> {
+class Archives : public ArchiveTest, public ::testing::WithParamInterface<char const*> {
  protected:
-  Archives() { Initialize(moxui::scriber::GetRasterSupplier()); }
-  ~Archives() override {
-    moxui::skins::SetRunningV7OrBeyond(true);
-    Terminate();
-  }
-
-  static std::string Bytes(bool isV7) {
-    moxui::skins::SetRunningV7OrBeyond(isV7);
-    moxui::utility::ResourceBytes bytes;
-    EXPECT_TRUE(GetResourceManager()->GetBinary(moxui::utility::ResourceType("xml"),
-                                                moxui::utility::ResourceName(GetParam()), &bytes));
-    return {bytes.begin(), bytes.end()};
-  }
-  static Value Root(bool isV7) { return *moxui::archive::ReadArchive(Bytes(isV7)).Find("root"); }
+  static std::string Bytes(bool isV7) { return ArchiveTest::Bytes(GetParam(), isV7); }
+  static Value Root(bool isV7) { return ArchiveTest::Root(GetParam(), isV7); }
 };
 
 INSTANTIATE_TEST_SUITE_P(All, Archives,

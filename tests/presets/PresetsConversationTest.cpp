@@ -251,6 +251,25 @@ TEST_F(PresetsConversation, APresetWithAReservedNameIsNotDeleted) {
   EXPECT_THAT(mProvider.log, IsEmpty());
 }
 
+TEST_F(PresetsConversation, EveryBoxButThatOfTheNameIsTitledWithTheProgramsName) {
+  TypeAndAccept(u"Mono");
+  Accept();  // not a valid name
+  TypeAndAccept(u"A");
+  Dismiss();  // overwriting
+  Dismiss();
+  PressSave();
+  Dismiss();  // deleting
+  PressDelete();
+  mProvider.current = 0;
+  Accept();  // can't be deleted
+  PressDelete();
+  mProvider.strayCurrent = Own("");
+  Accept();  // no name
+  PressDelete();
+  EXPECT_THAT(Titles(), ElementsAre("Save Preset", "Presets Test", "Save Preset", "Presets Test",
+                                    "Save Preset", "Presets Test", "Presets Test", "Presets Test"));
+}
+
 TEST_F(PresetsConversation, TheProviderMayChangeWhileABoxIsOpen) {
   mAnswers.ExpectDriven([this](moxui::testing::Stage& box) {
     mProvider.presets.push_back(Own("C"));

@@ -1,5 +1,7 @@
 #include "PresetsFixture.h"
 
+#include <moxcore/config/Errors.h>
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -181,6 +183,12 @@ TEST_F(Presets, TheConnectionEndsWithTheView) {
   int const listed = mProvider.listed;
   mProvider.Fire();
   EXPECT_EQ(mProvider.listed, listed);
+}
+
+TEST_F(Presets, HasNoControlsBeforeItIsInitialized) {
+  auto const view = PresetsView::Create();
+  EXPECT_THROW(view->SetValueUnknown(), moxcore::config::mox_exception);
+  EXPECT_THROW(view->SetPresetProvider(&mProvider), moxcore::config::mox_exception);
 }
 
 TEST_F(Presets, IsReachedAndWorkedByKeyboardAlone) {

@@ -1,16 +1,6 @@
 #include "audio/AudioSession.h"
 
-#include <moxcore/threads/HighPrecisionTime.h>
-
 namespace playground {
-namespace {
-
-std::int64_t Now() {
-  using Time = moxcore::threads::HighPrecisionTime;
-  return Time::ConvertToNanos(Time::GetCurrentTimeStamp());
-}
-
-}  // namespace
 
 AudioSession::Places const& AudioSession::CurrentPlaces() const {
   static Places const kNone;
@@ -56,7 +46,7 @@ void AudioSession::Note(ViewPlace const& before, ViewStep step) {
     places.zoom.Follow(before.view, mView);
     step = ViewStep::kFollow;
   }
-  places.history.Note(before, {mView, mSelection}, step, Now());
+  places.history.Note(before, {mView, mSelection}, step, StepTime());
 }
 
 void AudioSession::ChangeView(std::function<void(Viewport&)> const& change, ViewStep step) {

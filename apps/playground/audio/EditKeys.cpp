@@ -1,6 +1,7 @@
 #include "audio/EditKeys.h"
 
 #include "audio/AudioSession.h"
+#include "shell/UndoKeys.h"
 
 #include <moxui/ui/KeyboardEvent.h>
 
@@ -14,21 +15,11 @@ bool HandleEditKey(AudioSession& session, moxui::ui::KeyboardEvent const& event,
   if (!event.IsAction(moxui::ui::KeyAction::kKeyDown)) {
     return false;
   }
-  ModKeys const command(ModKey::kCommand);
-  if (event.CompareShortcut(KeyboardCode::kZ, command)) {
-    session.Undo();
-    return true;
-  }
-  if (event.CompareShortcut(KeyboardCode::kZ, ModKeys(ModKey::kCommand | ModKey::kShift)) ||
-      event.CompareShortcut(KeyboardCode::kY, command)) {
-    session.Redo();
-    return true;
-  }
-  if (event.CompareShortcut(KeyboardCode::kE, command)) {
+  if (event.CompareShortcut(KeyboardCode::kE, ModKeys(ModKey::kCommand))) {
     exportSelection();
     return true;
   }
-  return false;
+  return HandleUndoKey(session, event);
 }
 
 }  // namespace playground

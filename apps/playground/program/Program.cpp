@@ -5,7 +5,6 @@
 #include "program/Localized.h"
 #include "program/ProgramWindow.h"
 #include "program/RenderPages.h"
-#include "program/ScratchPresets.h"
 #include "program/Settings.h"
 #include "shell/Page.h"
 #include "shell/ProgramState.h"
@@ -97,11 +96,6 @@ int RunWithPlatform(CommandLine const& line, Settings settings, std::optional<st
     return kFileFailed;
   }
   Module const module(application->GetDrawSupplier());
-  // Pictures don't depend on what presets the user has.
-  std::optional<ScratchPresets> scratch;
-  if (line.task == ProgramTask::kRender && !IsSet("MOX_PRESETS_DIR")) {
-    scratch.emplace();
-  }
   ProgramState state;
   state.appearance = line.Over(settings.appearance);
   state.audio.ChangeSettings([&settings](WaveformSettings& wave) {

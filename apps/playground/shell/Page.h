@@ -15,7 +15,7 @@ struct FileRequest;
 namespace playground {
 
 class AudioSession;
-class ChannelDesk;
+class CurveSession;
 class EventLog;
 class TimecodeBench;
 class Transport;
@@ -42,7 +42,7 @@ struct PageContext {
   Transport& transport;
   EventLog& log;
   TimecodeBench& timecode;
-  ChannelDesk& channels;
+  CurveSession& curve;
   // Asks the user for the name of a file to write; empty when there is none to be.
   std::function<std::string(moxui::platform::FileRequest request)> askWhereToSave = {};
 };

@@ -1,6 +1,6 @@
 #include "audio/AudioPage.h"
-#include "channels/ChannelsPage.h"
 #include "controls/ControlPages.h"
+#include "curve/CurvePage.h"
 #include "program/Localized.h"
 #include "shell/Page.h"
 #include "timecode/TimecodePage.h"
@@ -29,7 +29,7 @@ PageDescriptor Audio() {
 }
 
 std::vector<PageDescriptor> MakePages() {
-  std::vector<PageDescriptor> pages{Audio(), ChannelsPageDescriptor(), TimecodePageDescriptor()};
+  std::vector<PageDescriptor> pages{Audio(), TimecodePageDescriptor(), CurvePageDescriptor()};
   for (PageDescriptor& page : ControlPages()) {
     pages.push_back(std::move(page));
   }

@@ -2,7 +2,7 @@
 
 #include "audio/AudioSession.h"
 #include "audio/Transport.h"
-#include "channels/ChannelDesk.h"
+#include "curve/CurveSession.h"
 #include "playback/SdlOutput.h"
 #include "program/Appearance.h"
 #include "shell/EventLog.h"
@@ -18,7 +18,7 @@ struct ProgramState {
   Transport transport{audio, NewSdlOutput()};
   EventLog log;
   TimecodeBench timecode;
-  ChannelDesk channels;
+  CurveSession curve;
   Appearance appearance;
   std::size_t page = 0;
   std::size_t stateOfPage = 0;

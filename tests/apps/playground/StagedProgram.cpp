@@ -3,30 +3,35 @@
 #include "audio/WaveformView.h"
 #include "program/AppearanceState.h"
 
-#include <moxappsupport/LocalPresets.h>
+#include <moxmediaui/Module.h>
+#include <moxui/scriber/RasterSupplier.h>
 
-#include <optional>
 #include <stdexcept>
 
 namespace playground {
 
-ProgramState& StagedProgram::Begun(std::string_view page, Appearance const& appearance) {
-  moxappsupport::presets::SetLocalPresetsBaseDir(
-      moxcore::filesupport::Dir(moxcore::Utf8String(presets.Path().string())));
+ProgramState& StagedProgram::Begun(ProgramState& state, std::string_view page, Appearance const& appearance) {
   state.appearance = appearance;
   state.page = FindPage(page);
   return state;
 }
 
+StagedProgram::Library::Library() {
+  moxmediaui::Initialize(moxui::scriber::GetRasterSupplier());
+}
+
+StagedProgram::Library::~Library() {
+  moxmediaui::Terminate();
+}
+
 StagedProgram::StagedProgram(std::string_view page, Appearance const& appearance, moxui::ExtentT<float> size)
-    : stage(size), shell(Begun(page, appearance), stage.GetTree()) {
+    : stage(size), shell(Begun(state, page, appearance), stage.GetTree()) {
   state.transport.UseOutput(device.MakeOutput());
   stage.PaintFrame();
 }
 
 StagedProgram::~StagedProgram() {
   ApplyAppearance({});
-  moxappsupport::presets::SetLocalPresetsBaseDir(std::nullopt);
 }
 
 AudioPage& StagedProgram::Audio() const {
@@ -37,12 +42,12 @@ ControlPage& StagedProgram::Controls() const {
   return dynamic_cast<ControlPage&>(*shell.View().GetPage());
 }
 
-ChannelsPage& StagedProgram::Channels() const {
-  return dynamic_cast<ChannelsPage&>(*shell.View().GetPage());
-}
-
 TimecodePage& StagedProgram::Timecode() const {
   return dynamic_cast<TimecodePage&>(*shell.View().GetPage());
+}
+
+CurvePage& StagedProgram::Curve() const {
+  return dynamic_cast<CurvePage&>(*shell.View().GetPage());
 }
 
 moxui::PointT<float> StagedProgram::PointIn(moxui::ui::UI_Node const& node, float x, float y) {

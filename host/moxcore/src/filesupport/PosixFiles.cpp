@@ -5,6 +5,7 @@
 #include <dirent.h>
 #include <fcntl.h>
 #include <pwd.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -13,8 +14,10 @@
 #include <cerrno>
 #include <cstdio>
 #include <cstdlib>
+#include <ctime>
 #include <memory>
 #include <system_error>
+#include <thread>
 #include <utility>
 
 namespace moxcore::filesupport::posix {
@@ -251,6 +254,34 @@ void Replace(Utf8String const& target, Utf8String const& temporary) {
 void SyncDirectory(Utf8String const& path) {
   Descriptor const descriptor(kCannotUseFolder, path, O_RDONLY | O_DIRECTORY);
   Checked(kCannotUseFolder, path, [&] { return fsync(descriptor.Get()); });
+}
+
+std::int64_t SecondsSinceWritten(Utf8String const& path) noexcept {
+  struct stat status;
+  if (lstat(path.c_str(), &status) != 0) {
+    return 0;
+  }
+  return std::max<std::int64_t>(0, std::time(nullptr) - status.st_mtime);
+}
+
+int LockDirectory(Utf8String const& path, std::chrono::milliseconds patience) noexcept {
+  constexpr std::chrono::milliseconds kPause{2};
+  if (path.find('\0') != Utf8String::npos) {
+    return -1;
+  }
+  auto const descriptor = open(path.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+  if (descriptor < 0) {
+    return descriptor;
+  }
+  auto const end = std::chrono::steady_clock::now() + patience;
+  while (flock(descriptor, LOCK_EX | LOCK_NB) != 0) {
+    if ((errno != EWOULDBLOCK && errno != EINTR) || std::chrono::steady_clock::now() >= end) {
+      close(descriptor);
+      return -1;
+    }
+    std::this_thread::sleep_for(kPause);
+  }
+  return descriptor;
 }
 
 Utf8String HomeDirectory() {

@@ -3,6 +3,7 @@
 #include <moxcore/filesupport/Dir.h>
 #include <moxcore/string/String.h>
 
+#include <chrono>
 #include <cstdint>
 #include <string_view>
 #include <vector>
@@ -34,6 +35,13 @@ void Write(Utf8String const& path, std::string_view text);
 void Replace(Utf8String const& target, Utf8String const& temporary);
 // Makes durable which names are in a directory.
 void SyncDirectory(Utf8String const& path);
+
+// How long ago a file was written to last, links not followed; 0 for what can't be looked at, or lies ahead.
+std::int64_t SecondsSinceWritten(Utf8String const& path) noexcept;
+
+// A descriptor that holds a directory's lock; negative if others have held it all the while, or if there are
+// no locks here. Closing the descriptor gives the lock back, as does the end of the process.
+int LockDirectory(Utf8String const& path, std::chrono::milliseconds patience) noexcept;
 
 Utf8String HomeDirectory();
 

@@ -1,10 +1,13 @@
 #include "ArchiveWords.h"
 
+#include <moxcore/string/Encoding.h>
 #include <moxui/archive/UINodeArchive.h>
 
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <cmath>
+#include <type_traits>
 
 namespace moxui::archive {
 
@@ -12,7 +15,31 @@ namespace {
 
 using Text = moxcore::Utf8String;
 
+[[noreturn]] void Refuse(std::string_view subject) {
+  ThrowArchiveError("$$$/moxui/Archive/Error/Unwritable=View archive: “@1” can't be written.", 0, subject);
+}
+
+/// What no XML document can hold, escaped or not.
+bool IsUnwritable(char32_t character) {
+  bool const isControl = character < 0x20 && character != '\t' && character != '\n' && character != '\r';
+  return isControl || character == 0xfffe || character == 0xffff;
+}
+
+void RequireWritable(std::string_view text) {
+  constexpr std::string_view kReplacement = "\xef\xbf\xbd";
+  for (std::size_t position = 0; position < text.size();) {
+    std::size_t const begin = position;
+    char32_t const character = moxcore::string::NextCharacter(text, position);
+    bool const isBroken = character == moxcore::string::kReplacementCharacter &&
+                          text.substr(begin, position - begin) != kReplacement;
+    if (isBroken || IsUnwritable(character)) {
+      Refuse(text.substr(0, begin));
+    }
+  }
+}
+
 void AppendEscaped(Text& out, std::string_view text) {
+  RequireWritable(text);
   for (char const unit : text) {
     switch (unit) {
       case '&':
@@ -35,6 +62,11 @@ void AppendEscaped(Text& out, std::string_view text) {
 
 template <typename T>
 void AppendNumber(Text& out, T number) {
+  if constexpr (std::is_floating_point_v<T>) {
+    if (!std::isfinite(number)) {
+      Refuse(std::isnan(number) ? "nan" : "inf");
+    }
+  }
   std::array<char, 32> digits{};
   auto const end = std::to_chars(digits.data(), digits.data() + digits.size(), number).ptr;
   out.append(digits.data(), end);

@@ -42,7 +42,7 @@ std::int64_t PropertyValue::AsInteger() const {
     return mValue.GetBoolean() ? 1 : 0;
   }
   if (mValue.GetKind() == ValueKind::kObject) {
-    return CompoundMember(CompoundType::kEnumeration, "selected").GetInteger();
+    return PropertyValue(mKey, CompoundMember(CompoundType::kEnumeration, "selected")).AsInteger();
   }
   double const number = AsDouble();
   // The archive's integers have 32 bits.

@@ -13,6 +13,9 @@ namespace {
 using moxcore::utility::IntrusivePtr;
 using ui::KeyboardCode;
 
+// As documents write the largest number, in six digits: a range up to it has no end.
+constexpr double kNoEnd = 1.79769e+308;
+
 }  // namespace
 
 UI_HotTextNumber::UI_HotTextNumber() {
@@ -263,7 +266,7 @@ bool UI_HotTextNumber::DoValueKey(ui::KeyboardEvent const& event) {
       return false;
   }
   // Where the range has no end, there is none to go to.
-  if (std::abs(value) < std::numeric_limits<double>::max()) {
+  if (std::abs(value) < kNoEnd) {
     KeyUsed();
     ChangeAtOnce(value);
   }

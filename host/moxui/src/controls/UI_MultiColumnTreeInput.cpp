@@ -1,4 +1,5 @@
 // How a tree is worked: pointer and keys.
+#include "PressCapture.h"
 #include "TreeRowView.h"
 #include "TreeRows.h"
 
@@ -63,10 +64,17 @@ bool UI_MultiColumnTree::UI_DoMouseEvent(ui::UI_Node* node, ui::MouseEvent const
     return UI_SubView::UI_DoMouseEvent(node, event);
   }
   IntrusivePtr<UI_MultiColumnTree> const self(this);
+  bool const isRow = FindRowView(node) != nullptr;
   if (UI_WantsKeyboardFocus()) {
     UI_GainKeyboardFocus(ui::FocusChangeReason::kPointer);
   }
-  if (TreeRowView* const view = FindRowView(node); view != nullptr && view->GetRow() != nullptr) {
+  // What hears of the focus may have taken the tree away, or the row that was pressed.
+  TreeRowView* const view = FindRowView(node);
+  bool const isStillRow = view != nullptr && view->GetRow() != nullptr;
+  if (!PressCapture::CanStart(*this) || isRow != isStillRow) {
+    return true;
+  }
+  if (isStillRow) {
     PressRow(*view, *node, event);
     return true;
   }

@@ -1,4 +1,6 @@
 // How a popup is worked: its menu, and the keys that choose without it.
+#include "PressCapture.h"
+
 #include <moxui/controls/UI_Popup.h>
 #include <moxui/skins/LayoutDirection.h>
 #include <moxui/ui/KeyboardEvent.h>
@@ -51,7 +53,9 @@ bool UI_Popup::UI_DoMouseEvent(ui::UI_Node* node, ui::MouseEvent const& event) {
   }
   IntrusivePtr<UI_Popup> const self(this);
   TakeFocusForPress();
-  OpenMenu();
+  if (PressCapture::CanStart(*this)) {
+    OpenMenu();
+  }
   return true;
 }
 

@@ -48,7 +48,7 @@ std::optional<unsigned> NumberOf(std::string_view key, std::string_view head) {
 }
 
 /// The values of numbered keys in the order of their numbers.
-std::vector<Value const*> Numbered(Value const& object, std::string_view head) {
+std::vector<std::pair<unsigned, Value const*>> Numbered(Value const& object, std::string_view head) {
   std::vector<std::pair<unsigned, Value const*>> found;
   for (Member const& member : object.GetMembers()) {
     if (auto const number = NumberOf(member.key, head)) {
@@ -56,11 +56,7 @@ std::vector<Value const*> Numbered(Value const& object, std::string_view head) {
     }
   }
   std::ranges::sort(found);
-  std::vector<Value const*> values;
-  for (auto const& [number, value] : found) {
-    values.push_back(value);
-  }
-  return values;
+  return found;
 }
 
 Value const& Require(Value const& object, std::string_view key) {
@@ -74,14 +70,20 @@ Value const& Require(Value const& object, std::string_view key) {
 
 std::vector<Value const*> SectionsOf(Value const& node) {
   Value const& sections = Require(node, "sections");
-  auto listed = Numbered(sections, "section-");
+  auto const listed = Numbered(sections, "section-");
   std::int64_t const count = PropertyValue("count", Require(sections, "count")).AsInteger();
-  if (count != static_cast<std::int64_t>(listed.size())) {
+  bool const isWithoutGap = listed.empty() || listed.back().first + std::size_t{1} == listed.size();
+  if (count != static_cast<std::int64_t>(listed.size()) || !isWithoutGap) {
     ThrowArchiveError(
         "$$$/moxui/Archive/Error/SectionCount=View archive, line @0: the number of sections is wrong.",
         sections.GetLine());
   }
-  return listed;
+  std::vector<Value const*> values;
+  values.reserve(listed.size());
+  for (auto const& [number, section] : listed) {
+    values.push_back(section);
+  }
+  return values;
 }
 
 /// One run of building: what has been made so far goes when it ends early.
@@ -173,7 +175,7 @@ class Building {
     if (container == nullptr) {
       PropertyValue("children", children).Reject();
     }
-    for (Value const* const description : descriptions) {
+    for (auto const& [number, description] : descriptions) {
       OwnedNode const child = BuildNode(*description, depth + 1);
       if (skins::IsRightToLeft()) {
         MirrorChild(*child, node.UI_GetLocalRectF(RectSpace::kOwn).width);

@@ -7,9 +7,12 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <filesystem>
 #include <optional>
 #include <string>
+#include <string_view>
+#include <vector>
 
 namespace moxcore::filesupport {
 namespace {
@@ -117,6 +120,49 @@ TEST(SafeSave, FailsInAFolderThatVanished) {
   std::filesystem::remove_all(folder / "dir");
   EXPECT_THROW(save->Commit(), config::mox_exception);
   save.reset();
+  EXPECT_TRUE(folder.Names().empty());
+}
+
+// A file that was written to so long ago.
+void WriteAged(ScratchFolder const& folder, std::string_view name, std::chrono::hours age) {
+  folder.Write(name, "left");
+  std::filesystem::last_write_time(folder / name, std::filesystem::file_time_type::clock::now() - age);
+}
+
+TEST(SafeSaveLeftovers, AreDeletedOnceNoSaveCanBeUnderWay) {
+  ScratchFolder const folder;
+  std::string const old = ".11111111-2222-4333-8444-555555555555.mox-tmp";
+  std::string const young = ".99999999-2222-4333-8444-555555555555.mox-tmp";
+  WriteAged(folder, old, std::chrono::hours(25));
+  WriteAged(folder, young, std::chrono::hours(23));
+  SafeSave save(FileIn(folder, "a"));
+  FileUtils::SimpleWriteStringToFile(save.GetTempFile().FullPath(), "new");
+  SafeSave::DeleteLeftovers(Dir(Utf8String(folder.Path().string())));
+  save.Commit();
+  EXPECT_THAT(folder.Names(), ElementsAre(young, "a"));
+}
+
+TEST(SafeSaveLeftovers, AreToldFromWhatAUserKeeps) {
+  ScratchFolder const folder;
+  std::vector<std::string> const names = {".11111111-2222-4333-8444-55555555555.mox-tmp",
+                                          ".A1111111-2222-4333-8444-555555555555.mox-tmp",
+                                          ".mox-tmp",
+                                          "11111111-2222-4333-8444-555555555555.mox-tmp",
+                                          "a.mox-tmp",
+                                          "a.preset"};
+  for (auto const& name : names) {
+    WriteAged(folder, name, std::chrono::hours(1000));
+  }
+  std::filesystem::create_directory(folder / ".22222222-2222-4333-8444-555555555555.mox-tmp");
+  std::filesystem::create_symlink(folder / "a.preset",
+                                  folder / ".33333333-2222-4333-8444-555555555555.mox-tmp");
+  SafeSave::DeleteLeftovers(Dir(Utf8String(folder.Path().string())));
+  EXPECT_EQ(folder.Names().size(), names.size() + 2);
+}
+
+TEST(SafeSaveLeftovers, OfNoFolderAreNone) {
+  ScratchFolder const folder;
+  SafeSave::DeleteLeftovers(Dir(Utf8String(folder / "none")));
   EXPECT_TRUE(folder.Names().empty());
 }
 

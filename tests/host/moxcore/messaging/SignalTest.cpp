@@ -114,26 +114,52 @@ TEST(Signal, MayEndWhileItFires) {
   EXPECT_FALSE(second.IsConnected());
 }
 
+// Asks another thread for the lock of a signal when it ends, as what a function captured.
+class Asking {
+ public:
+  Asking(Connection const& connection, bool* wasFree) : mConnection(connection), mWasFree(wasFree) {}
+  ~Asking() {
+    auto const answered = std::make_shared<std::promise<void>>();
+    std::thread([asked = mConnection, answered] {
+      asked.IsConnected();
+      answered->set_value();
+    }).detach();
+    *mWasFree = answered->get_future().wait_for(std::chrono::seconds(10)) == std::future_status::ready;
+  }
+  Asking(Asking const&) = delete;
+  Asking& operator=(Asking const&) = delete;
+
+ private:
+  Connection const& mConnection;
+  bool* mWasFree;
+};
+
 TEST(Signal, HoldsNoLockWhileADisconnectedFunctionEnds) {
-  // Asks another thread for the signal's lock when it ends.
-  struct Asking {
-    Asking(Connection connection, bool* free) : other(std::move(connection)), wasFree(free) {}
-    ~Asking() {
-      auto const answered = std::make_shared<std::promise<void>>();
-      std::thread([asked = other, answered] {
-        asked.IsConnected();
-        answered->set_value();
-      }).detach();
-      *wasFree = answered->get_future().wait_for(std::chrono::seconds(10)) == std::future_status::ready;
-    }
-    Connection other;
-    bool* wasFree;
-  };
   Changed signal;
   bool wasFree = false;
   auto const other = signal.Connect([] {});
   auto connection = signal.Connect([held = std::make_shared<Asking>(other, &wasFree)] {});
   connection.Disconnect();
+  EXPECT_TRUE(wasFree);
+}
+
+TEST(Signal, HoldsNoLockWhileAFunctionEndsThatDisconnectedItself) {
+  Changed signal;
+  bool wasFree = false;
+  auto const other = signal.Connect([] {});
+  Connection self;
+  self = signal.Connect([&self, held = std::make_shared<Asking>(other, &wasFree)] { self.Disconnect(); });
+  signal.Fire();
+  EXPECT_TRUE(wasFree);
+}
+
+TEST(Signal, HoldsNoLockWhileItsFunctionsEndInTheFiringThatEndedIt) {
+  auto signal = std::make_unique<Changed>();
+  bool wasFree = false;
+  Connection last;
+  signal->Connect([held = std::make_shared<Asking>(last, &wasFree)] {});
+  last = signal->Connect([&signal] { signal.reset(); });
+  signal->Fire();
   EXPECT_TRUE(wasFree);
 }
 

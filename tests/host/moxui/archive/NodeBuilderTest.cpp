@@ -252,6 +252,16 @@ TEST(NodeBuilder, ReadsTheSectionsOfAStaticText) {
   EXPECT_EQ(text->GetAlignment(), controls::ControlAlignment::kRight);
 }
 
+TEST(NodeBuilder, AnEnumerationMayBeARealThatIsWhole) {
+  auto const alignmentOf = [](char const* number) {
+    std::string const choice = List(Pair(".aptype", Signed("2")) + Pair("selected", Real(number)));
+    return BuildControl<controls::UI_StaticText>(ControlOf("UI_StaticText", Pair("alignment", choice)))
+        ->GetAlignment();
+  };
+  EXPECT_EQ(alignmentOf("2"), controls::ControlAlignment::kRight);
+  EXPECT_THROW(alignmentOf("1.5"), moxcore::config::mox_exception);
+}
+
 TEST(NodeBuilder, AlignmentsChangePlacesWhereTheInterfaceRunsFromRightToLeft) {
   skins::SetRightToLeft(true);
   auto const text =
@@ -401,6 +411,12 @@ INSTANTIATE_TEST_SUITE_P(
         BadTree{"WrongCount",
                 List(Pair("adapter", Wide("moxui::ui::UI_Node")) +
                      Pair("sections", List(Pair("count", Unsigned("1"))))),
+                "sections"},
+        BadTree{"AMissingSection",
+                List(Pair("adapter", Wide("moxui::ui::UI_Node")) +
+                     Pair("sections",
+                          List(Pair("count", Unsigned("1")) +
+                               Pair("section-1", List(Pair("sectionName", Wide("moxui::ui::UI_Node"))))))),
                 "sections"},
         BadTree{"NamelessSection",
                 List(Pair("adapter", Wide("moxui::ui::UI_Node")) +

@@ -7,8 +7,10 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <limits>
 #include <random>
 #include <string>
+#include <utility>
 
 namespace moxui::archive {
 namespace {
@@ -92,6 +94,26 @@ TEST(UINodeArchive, WhatIsWrittenReadsAsTheSame) {
        {"lists", Value::OfArray(ValueKind::kObject, {Value::OfObject({{"x", Value::OfBoolean(false)}})})}});
   Value const archive = Value::OfObject({{"UINodeArchive", Value::OfUnsigned(1)}, {"root", root}});
   EXPECT_EQ(ReadArchive(WriteArchive(archive)), archive);
+}
+
+TEST(UINodeArchive, WhatNoDocumentCanHoldIsNotWritten) {
+  auto const errorOf = [](Value value, moxcore::Utf8String key = "a") -> std::string {
+    try {
+      WriteArchive(Value::OfObject({{std::move(key), std::move(value)}}));
+    } catch (moxcore::config::mox_exception const& error) {
+      return error.what();
+    }
+    return "no error";
+  };
+  for (char const* const text :
+       {"sound\x01", "sound\xff", "sound\xc3", "sound\xed\xa0\x80", "sound\xef\xbf\xbf"}) {
+    EXPECT_THAT(errorOf(Value::OfWideText(text)), HasSubstr("“sound”"));
+    EXPECT_THAT(errorOf(Value::OfNarrowText(text)), HasSubstr("“sound”"));
+    EXPECT_THAT(errorOf(Value(), text), HasSubstr("“sound”"));
+  }
+  EXPECT_EQ(errorOf(Value::OfWideText("\t\r\n\x7f\xef\xbf\xbd")), "no error");
+  EXPECT_THAT(errorOf(Value::OfDouble(std::numeric_limits<double>::quiet_NaN())), HasSubstr("“nan”"));
+  EXPECT_THAT(errorOf(Value::OfFloat(-std::numeric_limits<float>::infinity())), HasSubstr("“inf”"));
 }
 
 std::string Nested(int levels) {

@@ -287,6 +287,18 @@ TEST_F(HotTextNumber, KeysStepAndGoToTheEnds) {
   EXPECT_EQ(number.GetValue(), 0.0);
 }
 
+TEST_F(HotTextNumber, KeysGoToNoEndThatStandsForNone) {
+  UI_HotTextNumber& number = PutNumber();
+  number.SetMinValue(-1.79769e+308);  // as view archives write the largest number
+  number.SetMaxValue(1.79769e+308);
+  ChangeLog const log(number);
+  mStage.Tab();
+  EXPECT_TRUE(mStage.Key(KeyboardCode::kHome));
+  EXPECT_TRUE(mStage.Key(KeyboardCode::kEnd));
+  EXPECT_EQ(number.GetValue(), 10.0);
+  EXPECT_EQ(log.changes, 0);
+}
+
 TEST_F(HotTextNumber, AKeyMakesAnUnknownValueKnown) {
   UI_HotTextNumber& number = PutNumber();
   number.SetValueUnknown();

@@ -2,6 +2,9 @@
 
 #include <moxui/controls/UI_Popup.h>
 
+#include <functional>
+#include <memory>
+
 namespace moxui::controls {
 namespace {
 
@@ -92,6 +95,31 @@ TEST_F(Popup, AValueStringShowsATextAndChoosesNothing) {
   EXPECT_EQ(popup.GetValue(), 0);
   EXPECT_EQ(popup.GetShownText(), u"Mono");
   EXPECT_EQ(log.changes, 1);
+}
+
+TEST_F(Popup, AValueStringMayLeaveTheItemAndThePicture) {
+  UI_Popup& popup = PutWithItems();
+  popup.SetValue(2);
+  mStage.PaintFrame();
+  popup.SetValueString(u"Stereo *", false, false);
+  EXPECT_FALSE(mStage.FrameRequested());
+  EXPECT_EQ(popup.GetShownText(), u"Stereo *");
+  EXPECT_EQ(popup.GetValue(), 2);
+  popup.SetValueString(u"Stereo **", false, true);
+  EXPECT_TRUE(mStage.FrameRequested());
+  ChangeLog const log(popup);
+  mAnswers.Expect(3);
+  mStage.Click(Centre());
+  EXPECT_EQ(log.changes, 1);  // another text is shown now
+  EXPECT_EQ(popup.GetShownText(), u"Stereo");
+}
+
+TEST_F(Popup, AnItemMayGoBetweenOthers) {
+  UI_Popup& popup = PutWithItems();
+  EXPECT_EQ(popup.AddItem(u"Dual Mono", 1), 1);
+  EXPECT_EQ(popup.GetItems()[1].text, u"Dual Mono");
+  EXPECT_TRUE(popup.GetItems()[2].isSeparator);
+  EXPECT_EQ(popup.AddItem(u"Last", 77), 5);
 }
 
 TEST_F(Popup, DeletingAllItemsTakesTheValue) {
@@ -242,6 +270,29 @@ TEST_F(Popup, IgnoresEverythingWhileDisabled) {
   popup.SetDisabled(true);
   mStage.Click(Centre());
   EXPECT_TRUE(mAnswers.GetRecords().empty());
+}
+
+TEST_F(Popup, OpensNothingOnceTakingTheFocusHasDisabledOrRemovedIt) {
+  UI_Popup& popup = PutWithItems();
+  moxcore::utility::IntrusivePtr<UI_Popup> const kept(&popup);
+  auto const onFocus = std::make_shared<std::function<void()>>([&] { popup.SetDisabled(true); });
+  popup.InstallFocusChangedFunction([onFocus](ui::UI_Node*, ui::FocusChangeReason) { (*onFocus)(); });
+  EXPECT_TRUE(mStage.Press(Centre()));
+  mStage.ReleaseHere();
+  EXPECT_TRUE(mAnswers.GetRecords().empty());
+  *onFocus = [] {};
+  popup.SetDisabled(false);
+  mStage.GetTree().SetFocus(nullptr, ui::FocusChangeReason::kNone);
+  PointT<float> const centre = Centre();
+  *onFocus = [&] {
+    if (popup.UI_GetParentNode() != nullptr) {
+      mStage.GetRootView().ChildRemove(&popup);
+    }
+  };
+  mStage.Click(centre);
+  EXPECT_TRUE(mAnswers.GetRecords().empty());
+  EXPECT_FALSE(popup.IsDown());
+  *onFocus = [] {};
 }
 
 TEST_F(Popup, RecommendsTheHeightOfItsLook) {

@@ -5,6 +5,9 @@
 #include <moxui/controls/UI_TextButton.h>
 #include <moxui/skins/LayoutDirection.h>
 
+#include <functional>
+#include <memory>
+
 namespace moxui::controls {
 namespace {
 
@@ -92,6 +95,27 @@ TEST_F(TreeSelection, GoesToTheRowThatIsPressed) {
   mStage.Click(Point(1, 1));
   EXPECT_THAT(mHeard, ElementsAre(1));
   EXPECT_EQ(mSelections, 2);
+}
+
+TEST_F(TreeSelection, StaysOnceTakingTheFocusHasDisabledTheTreeOrTakenItsRows) {
+  FillAndShow(10);
+  mTree->SelectRow(At(0), true, false, false);
+  auto const onFocus = std::make_shared<std::function<void()>>([&] { mTree->UI_SetDisabled(); });
+  mTree->InstallFocusChangedFunction([onFocus](ui::UI_Node*, ui::FocusChangeReason) { (*onFocus)(); });
+  mStage.Click(Point(2));
+  EXPECT_THAT(Selected(), ElementsAre(0));
+  *onFocus = [] {};
+  mTree->UI_SetEnabled();
+  mStage.GetTree().SetFocus(nullptr, ui::FocusChangeReason::kNone);
+  *onFocus = [&] {
+    while (mTree->CountRows() > 1) {
+      mTree->RemoveRow(At(static_cast<std::int64_t>(mTree->CountRows()) - 1));
+    }
+  };
+  mStage.Click(Point(2));
+  EXPECT_EQ(mTree->CountRows(), 1u);
+  EXPECT_THAT(Selected(), ElementsAre(0));  // a press on a row that has gone is none below the rows
+  *onFocus = [] {};
 }
 
 TEST_F(TreeSelection, ByTheUserCanBeSwitchedOff) {

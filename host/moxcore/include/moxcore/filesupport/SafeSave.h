@@ -16,8 +16,12 @@ namespace moxcore::filesupport {
 //   save.Commit();
 class SafeSave : utility::noncopyable {
  public:
-  // Names of temporary files end so; those that a stopped program left may be deleted.
+  // Names of temporary files end so.
   static constexpr std::string_view kEnding = ".mox-tmp";
+
+  // Deletes the temporary files that programs which were stopped left in a directory: those that no one has
+  // written to for a day, since younger ones may be those of a save under way. What can't be deleted stays.
+  static void DeleteLeftovers(Dir const& dir) noexcept;
 
   // `target` needn't be there. A link there will be replaced, not followed.
   explicit SafeSave(File target);

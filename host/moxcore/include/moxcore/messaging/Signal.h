@@ -36,18 +36,22 @@ class Signal<void(Arguments...), 1> : utility::noncopyable {
 
   // The signal may end while it fires.
   void Fire(Arguments... arguments) const {
+    // The functions that only this call still holds end without the lock: what they captured may take locks
+    // of its own, or wait for who waits for this one.
     auto const mutex = mMutex;
-    std::unique_lock lock(*mutex);
     auto const links = mLinks;
+    std::shared_ptr<Function> callback;
+    std::unique_lock lock(*mutex);
     auto const count = links->size();
     auto link = links->begin();
     for (std::size_t i = 0; i < count && link != links->end(); ++i, ++link) {
-      auto const callback = (*link)->IsBlocked() ? nullptr : (*link)->Callback();
+      callback = (*link)->IsBlocked() ? nullptr : (*link)->Callback();
       if (callback == nullptr || *callback == nullptr) {
         continue;
       }
       lock.unlock();
       (*callback)(arguments...);
+      callback.reset();
       lock.lock();
     }
   }

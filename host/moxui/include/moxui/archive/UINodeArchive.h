@@ -20,7 +20,8 @@ inline constexpr int kMaximalArchiveAttributes = 4;
 /// anything that isn't such a document.
 Value ReadArchive(std::string_view bytes);
 
-/// Writes the document that reads as `archive`.
+/// Writes the document that reads as `archive`, which has what reading requires. Throws a mox_exception for
+/// what no document can hold: texts that aren't UTF-8 or have control characters, numbers that aren't finite.
 moxcore::Utf8String WriteArchive(Value const& archive);
 
 /// Throws a mox_exception: what is wrong with an archive, and on which line. `problem` is a literal

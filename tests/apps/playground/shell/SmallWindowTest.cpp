@@ -1,0 +1,46 @@
+// Pages in a window that is as small as anybody would make it.
+#include "playground/StagedProgram.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <tuple>
+
+namespace playground {
+namespace {
+
+using Case = std::tuple<char const*, LookChoice, bool>;
+
+class SmallWindow : public testing::TestWithParam<Case> {};
+
+TEST_P(SmallWindow, HoldsAllOfAPageWithoutOverlaps) {
+  auto const& [page, look, isRightToLeft] = GetParam();
+  Appearance appearance;
+  appearance.look = look;
+  appearance.rightToLeft = isRightToLeft;
+  StagedProgram program(page, appearance, {800.0f, 600.0f});
+  Page& shown = *program.shell.View().GetPage();
+  moxui::RectT<float> const room = shown.UI_GetLocalRectF(false);
+  for (std::size_t i = 0; i < shown.ChildSize(); ++i) {
+    moxui::RectT<float> const rect = shown.ChildGet(i)->UI_GetLocalRectF(true);
+    EXPECT_FALSE(rect.IsEmpty()) << "part " << i;
+    EXPECT_EQ(room.Intersection(rect), rect) << "part " << i << " lies within the page";
+    for (std::size_t j = 0; j < i; ++j) {
+      moxui::RectT<float> const other = shown.ChildGet(j)->UI_GetLocalRectF(true);
+      EXPECT_TRUE(rect.Intersection(other).IsEmpty()) << "parts " << j << " and " << i;
+    }
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Pages, SmallWindow,
+                         testing::Combine(testing::Values("curve"),
+                                          testing::Values(LookChoice::kClassic, LookChoice::kV7),
+                                          testing::Bool()),
+                         [](auto const& one) {
+                           return std::string(std::get<0>(one.param)) +
+                                  (std::get<1>(one.param) == LookChoice::kV7 ? "V7" : "Classic") +
+                                  (std::get<2>(one.param) ? "RightToLeft" : "");
+                         });
+
+}  // namespace
+}  // namespace playground

@@ -45,15 +45,20 @@ void UI_SliderT<T>::SetValueRange(T low, T high) {
   if (!std::isfinite(low) || !std::isfinite(high)) {
     return;
   }
+  bool const wasUnknown = IsValueUnknown();
   SetValueKnown();
   T const newLow = std::clamp(low, mMinimum, mMaximum);
   T const newHigh = std::clamp(high, newLow, mMaximum);
-  if (newLow != mLow || newHigh != mHigh) {
+  bool const isOther = newLow != mLow || newHigh != mHigh;
+  if (isOther) {
     mLow = newLow;
     mHigh = newHigh;
     PlaceThumb();
     UI_Invalidate();
     UI_TellAccessibleChange(ui::AccessibleChange::kValue);
+  }
+  if (isOther || wasUnknown) {
+    ValueStored();
   }
 }
 
@@ -162,7 +167,7 @@ void UI_SliderT<T>::UI_Draw(scriber::Scriber* scriber) const {
       skins::PaintSliderTicks(scriber, geometry, look);
     }
     skins::PaintSliderTrack(scriber, geometry, look);
-    if (!mIsCustomThumb) {
+    if (!mIsCustomThumb && (!mThumb || mThumb->UI_IsShown())) {
       skins::PaintSliderThumb(scriber, geometry, look);
     }
   }

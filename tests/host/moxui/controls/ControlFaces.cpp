@@ -13,6 +13,7 @@
 #include <moxui/controls/UI_RadioButton.h>
 #include <moxui/controls/UI_ScrollBar.h>
 #include <moxui/controls/UI_Slider.h>
+#include <moxui/controls/UI_SliderHotTextNumber.h>
 #include <moxui/controls/UI_StaticText.h>
 #include <moxui/controls/UI_TextButton.h>
 #include <moxui/controls/UI_TextEdit.h>
@@ -150,6 +151,18 @@ std::vector<ControlFace> MakeFaces() {
                      return slider;
                    },
                    kAllStates});
+  faces.push_back({"slider_hot_text_number",
+                   {200, 40},
+                   [] {
+                     auto const size = MakeIntrusive<controls::UI_SliderHotTextNumber>();
+                     size->Init();
+                     size->SetExtent(1.0, 400.0);
+                     size->GetHotTextNumber()->SetDecimalPlaces(1);
+                     size->GetHotTextNumber()->SetMaxValue(1600.0);
+                     size->SetValue(144.0);
+                     return size;
+                   },
+                   {FaceState::kNormal, FaceState::kDisabled}});
   faces.push_back({"scroll_bar",
                    {12, 90},
                    [] {

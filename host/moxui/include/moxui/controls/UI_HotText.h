@@ -86,7 +86,8 @@ class UI_HotText : public UI_InteractiveControlView {
   /// A key while the control itself has the focus.
   virtual bool DoValueKey(ui::KeyboardEvent const&) { return false; }
 
-  void ShowTextAnew();
+  /// What is shown has changed.
+  virtual void ShowTextAnew();
   /// Has the focus ring shown, once the keyboard is used.
   void KeyUsed();
 

@@ -96,16 +96,28 @@ GroupSources() {
   fi
 }
 
-# Configure PRESET: into build/PRESET, if that was never done, the presets changed or the folder was moved.
-# Later changes of CMake files are seen by the build itself.
+# What a command builds besides the libraries and the program: TESTS, BENCHMARKS. Only with these are their packages
+# asked for; a folder that was configured without them learns of them later.
+parts=()
+
+# Configure PRESET: into build/PRESET, if that was never done, the presets changed, the folder was moved or a part is
+# new. Later changes of CMake files are seen by the build itself.
 Configure() {
-  local preset=$1 build="$root/build/$1"
+  local preset=$1 build="$root/build/$1" part
   local -a options=()
   # Each source is checked by itself.
   [[ $preset == lint ]] || options+=("-DMOX_SOURCE_GROUPS=$root/build/groups.cmake")
   if [[ -f $build/CMakeCache.txt ]] && ! grep -qxF "CMAKE_HOME_DIRECTORY:INTERNAL=$root" "$build/CMakeCache.txt"; then
     rm -rf "$build"
   fi
+  for part in TESTS BENCHMARKS; do
+    if [[ " ${parts[*]} " == *" $part "* ]]; then
+      options+=("-DMOX_BUILD_$part=ON")
+      grep -qxF "MOX_BUILD_$part:BOOL=ON" "$build/CMakeCache.txt" 2>/dev/null || rm -f "$build/configured"
+    elif [[ ! -f $build/CMakeCache.txt ]]; then
+      options+=("-DMOX_BUILD_$part=OFF")
+    fi
+  done
   if [[ ! -f $build/build.ninja || ! -f $build/configured || $root/CMakePresets.json -nt $build/configured ]]; then
     Say "Configuring build/$preset"
     mkdir -p "$build"
@@ -120,6 +132,8 @@ Build() {
   local preset=$1 build="$root/build/$1" begin=$SECONDS
   shift
   mkdir -p "$build"
+  # clang compiles with the sanitizers in half the time that gcc takes.
+  [[ $preset != [at]san ]] || RequirePackages sanitizers
   (
     flock 9
     GroupSources

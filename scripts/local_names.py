@@ -5,11 +5,12 @@ import re
 NAME_BEFORE_DEFINITION = re.compile(r"\b([A-Za-z_]\w*)\s*(?:[({=;\[]|:(?!:))")
 DEFINITION_OF_TYPE = re.compile(r"\b(?:class|struct|enum class|enum|union)\s+([A-Za-z_]\w*)")
 NOT_A_NAME = re.compile(r"(TEST(_[FP])?|INSTANTIATE_\w+|BENCHMARK\w*)\(|namespace\b|template\b|using [^=]*;$")
-STANDS_ALONE = re.compile(r"\s*#\s*define\b|using namespace\b")
+ENUMERATORS = re.compile(r"enum [^{]*\{(.*)\}")
+STANDS_ALONE = re.compile(r"\s*#\s*define\b")
 
 
 def file_local_names(lines):
-    """Names at the top level of unnamed namespaces and of static functions: the ones that may clash."""
+    """Names at the top level of unnamed namespaces, of static functions and of main(): the ones that may clash."""
     names = set()
     local = False
     for line in lines:
@@ -23,6 +24,11 @@ def file_local_names(lines):
             name = DEFINITION_OF_TYPE.search(line) or NAME_BEFORE_DEFINITION.search(line)
             if name:
                 names.add(name.group(1))
+            enumerators = ENUMERATORS.match(line)
+            if enumerators and not line.startswith("enum class"):
+                names.update(re.findall(r"[A-Za-z_]\w*", enumerators.group(1)))
+        elif line.startswith("int main("):
+            names.add("main")
     return names
 
 

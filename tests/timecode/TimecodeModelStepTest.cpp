@@ -11,8 +11,8 @@ using moxmediaui::TimecodeModel;
 using StepSize = TimecodeModel::StepSize;
 
 constexpr std::int64_t k24 = 10584000000;
-constexpr std::int64_t k25 = 10160640000;
-constexpr std::int64_t k2997 = 8475667200;
+constexpr std::int64_t kTicksOf25 = 10160640000;
+constexpr std::int64_t kTicksOf2997 = 8475667200;
 constexpr std::int64_t k48000 = 5292000;
 
 struct StepCase {
@@ -40,11 +40,13 @@ constexpr auto kLarge = StepSize::kLarge;
 INSTANTIATE_TEST_SUITE_P(
     TimecodeModel, Step,
     ::testing::Values(
-        StepCase{101, k25, 1, kFrames, TickTime(k25)}, StepCase{101, k25, -3, kFrames, TickTime(-3 * k25)},
-        StepCase{101, k25, 0, kFrames, TickTime()}, StepCase{101, k25, 2, kLarge, Seconds(2)},
-        StepCase{101, k25, -2, kLarge, Seconds(-2)}, StepCase{102, k2997, 1, kFrames, TickTime(k2997)},
-        StepCase{102, k2997, -1, kLarge, TickTime(-30 * k2997)},
-        StepCase{102, k2997, 1798, kFrames, TickTime(1798 * k2997)},
+        StepCase{101, kTicksOf25, 1, kFrames, TickTime(kTicksOf25)},
+        StepCase{101, kTicksOf25, -3, kFrames, TickTime(-3 * kTicksOf25)},
+        StepCase{101, kTicksOf25, 0, kFrames, TickTime()}, StepCase{101, kTicksOf25, 2, kLarge, Seconds(2)},
+        StepCase{101, kTicksOf25, -2, kLarge, Seconds(-2)},
+        StepCase{102, kTicksOf2997, 1, kFrames, TickTime(kTicksOf2997)},
+        StepCase{102, kTicksOf2997, -1, kLarge, TickTime(-30 * kTicksOf2997)},
+        StepCase{102, kTicksOf2997, 1798, kFrames, TickTime(1798 * kTicksOf2997)},
         StepCase{109, k24, 5, kFrames, TickTime(5 * k24)}, StepCase{109, k24, 1, kLarge, TickTime(100 * k24)},
         StepCase{109, k24, -2, kLarge, TickTime(-200 * k24)}, StepCase{111, k24, 1, kFrames, TickTime(k24)},
         StepCase{111, k24, 1, kLarge, TickTime(40 * k24)},
@@ -60,7 +62,7 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST(TimecodeModel, StepsInItsQuantizationWhateverItShows) {
   TimecodeModel model;
-  model.SetFormat(TimeDisplay(101), FrameRate(k25));
+  model.SetFormat(TimeDisplay(101), FrameRate(kTicksOf25));
   model.SetQuantization(kFrameCount, FrameRate(k24));
   EXPECT_TRUE(model.Increment(1, kLarge));
   EXPECT_EQ(model.GetValue(), TickTime(100 * k24));
@@ -72,7 +74,7 @@ TEST(TimecodeModel, StepsInItsQuantizationWhateverItShows) {
 
 TEST(TimecodeModel, StepsEndAtTheBounds) {
   TimecodeModel model;
-  model.SetFormat(TimeDisplay(101), FrameRate(k25));
+  model.SetFormat(TimeDisplay(101), FrameRate(kTicksOf25));
   model.SetMaxTime(Seconds(1));
   EXPECT_FALSE(model.Increment(-1, kFrames));
   EXPECT_TRUE(model.Increment(24, kFrames));
@@ -84,7 +86,7 @@ TEST(TimecodeModel, StepsEndAtTheBounds) {
 TEST(TimecodeModel, AStepFromTheInvalidTimeLeadsToTheLowerBound) {
   for (int const format : {101, 112}) {
     TimecodeModel model;
-    model.SetFormat(TimeDisplay(format), FrameRate(k25));
+    model.SetFormat(TimeDisplay(format), FrameRate(kTicksOf25));
     model.SetMinTime(Seconds(3));
     model.SetTime(kNoTime);
     EXPECT_FALSE(model.Increment(0, kFrames));
@@ -100,7 +102,7 @@ TEST(TimecodeModel, StepsOfAnySizeStayWithinTheBounds) {
   for (int const format : {101, 102, 109, 111, 112, 200, 201, 999}) {
     for (auto const size : {kFrames, kLarge}) {
       TimecodeModel model;
-      model.SetFormat(TimeDisplay(format), FrameRate(k25));
+      model.SetFormat(TimeDisplay(format), FrameRate(kTicksOf25));
       model.Increment(kLeast, size);
       EXPECT_EQ(model.GetValue(), TickTime());
       model.Increment(kMost, size);

@@ -8,19 +8,19 @@ namespace playground {
 namespace {
 
 template <class T>
-struct Named {
+struct NamedChoice {
   T value;
   std::string_view name;
 };
 
-constexpr std::array<Named<ThemeChoice>, 3> kThemes{{{ThemeChoice::kDark, "dark"},
-                                                     {ThemeChoice::kLight, "light"},
-                                                     {ThemeChoice::kHighContrast, "high-contrast"}}};
-constexpr std::array<Named<LookChoice>, 2> kLooks{
+constexpr std::array<NamedChoice<ThemeChoice>, 3> kThemes{{{ThemeChoice::kDark, "dark"},
+                                                           {ThemeChoice::kLight, "light"},
+                                                           {ThemeChoice::kHighContrast, "high-contrast"}}};
+constexpr std::array<NamedChoice<LookChoice>, 2> kLooks{
     {{LookChoice::kClassic, "classic"}, {LookChoice::kV7, "v7"}}};
 
 template <class T>
-std::string_view NameOf(std::span<Named<T> const> list, T value) {
+std::string_view NameOf(std::span<NamedChoice<T> const> list, T value) {
   for (auto const& entry : list) {
     if (entry.value == value) {
       return entry.name;
@@ -30,7 +30,7 @@ std::string_view NameOf(std::span<Named<T> const> list, T value) {
 }
 
 template <class T>
-std::optional<T> ByName(std::span<Named<T> const> list, std::string_view name) {
+std::optional<T> ByName(std::span<NamedChoice<T> const> list, std::string_view name) {
   for (auto const& entry : list) {
     if (entry.name == name) {
       return entry.value;

@@ -14,7 +14,6 @@
 namespace moxui::controls {
 namespace {
 
-constexpr std::u16string_view kUnknownText = u"\u2013";
 constexpr float kUnderlineGap = 1.0f;  // from the baseline to the line under an unfinished text
 constexpr float kLineEndWidth = 4.0f;  // of a selected line feed
 /// Of lines that are wider than this only what is seen is drawn.
@@ -66,7 +65,7 @@ void OS_EditText::UI_Draw(scriber::Scriber* scriber) const {
   if (showsUnknown || (isEmpty && !mPlaceholder.empty())) {
     RectT<float> const line =
         mIsMultiLine ? RectT<float>(0.0f, 0.0f, rect.width, laid->Line(0).height) : rect;
-    skins::DrawTextLine(scriber, showsUnknown ? kUnknownText : std::u16string_view(mPlaceholder), line,
+    skins::DrawTextLine(scriber, showsUnknown ? skins::kUnknownText : std::u16string_view(mPlaceholder), line,
                         mAlignment, TextTruncation::kEnd, *laid->font,
                         ColorOf(ui::ThemeColorID::kPlaceholderText));
   }

@@ -20,7 +20,6 @@ namespace {
 using moxcore::utility::IntrusivePtr;
 using ui::ThemeColorID;
 
-constexpr std::u16string_view kUnknownText = u"\u2013";
 constexpr float kTextInset = 4.0f;  // of hot text, which stands where it does in its edit
 constexpr float kFrame = 1.0f;
 constexpr float kUnderlineGap = 1.0f;  // from the baseline to the line under a text that is pointed at
@@ -120,7 +119,7 @@ void UI_HotText::SetSuppressFocusDrawing(bool suppress) {
 }
 
 moxcore::Utf16String UI_HotText::ShownText() const {
-  return IsValueUnknown() ? moxcore::Utf16String(kUnknownText) : GetText() + mLabel;
+  return IsValueUnknown() ? moxcore::Utf16String(skins::kUnknownText) : GetText() + mLabel;
 }
 
 // In own coordinates; the edit has its text in the same place.

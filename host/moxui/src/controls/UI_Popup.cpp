@@ -13,12 +13,6 @@
 #include <utility>
 
 namespace moxui::controls {
-namespace {
-
-constexpr std::u16string_view kUnknownText = u"\u2013";
-
-}  // namespace
-
 UI_Popup::UI_Popup(PopupType type, PopupVariant variant, ComponentSize size)
     : mType(type), mVariant(variant) {
   SetComponentSize(size);
@@ -98,7 +92,7 @@ void UI_Popup::SetValueString(moxcore::Utf16String text, bool clearsItem, bool r
 
 moxcore::Utf16String UI_Popup::GetShownText() const {
   if (IsValueUnknown()) {
-    return moxcore::Utf16String(kUnknownText);
+    return moxcore::Utf16String(skins::kUnknownText);
   }
   if (mShowsValueString) {
     return mValueString;

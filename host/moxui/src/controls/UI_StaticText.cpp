@@ -17,8 +17,6 @@
 namespace moxui::controls {
 namespace {
 
-constexpr std::u16string_view kUnknownText = u"\u2013";
-
 RectT<float> IndentedBox(RectT<float> const& rect, ControlText const& text) {
   bool const fromRight = GetAlignment(text) == ControlAlignment::kRight;
   return rect.Grown({fromRight ? 0.0f : -text.indent, 0.0f, fromRight ? -text.indent : 0.0f, 0.0f});
@@ -118,7 +116,7 @@ void UI_StaticText::UI_Draw(scriber::Scriber* scriber) const {
     ColorRGBA const colour = mCustomColor.value_or(
         look.Color(isMuted ? ui::ThemeColorID::kDefaultTextDisabled : ui::ThemeColorID::kDefaultText));
     RectT<float> const box = IndentedBox(UI_GetLocalRectF(ui::RectSpace::kOwn), mText);
-    std::u16string_view const shown = look.isUnknown ? kUnknownText : std::u16string_view(mText.text);
+    std::u16string_view const shown = look.isUnknown ? skins::kUnknownText : std::u16string_view(mText.text);
     if (!mMultiLine) {
       skins::DrawTextLine(scriber, shown, box, GetAlignment(), mText.truncation, *font, colour);
     } else {

@@ -13,6 +13,9 @@ class Scriber;
 
 namespace moxui::skins {
 
+/// What stands where a value isn't known.
+inline constexpr std::u16string_view kUnknownText = u"\u2013";
+
 /// One line of text centred in the height of a box, aligned in its width. Without truncation it is clipped to
 /// the box.
 void DrawTextLine(scriber::Scriber* scriber, std::u16string_view text, RectT<float> const& box,

@@ -18,7 +18,7 @@ using testing::ModalAnswers;
 using testing::Stage;
 using ui::KeyboardCode;
 
-struct Bounds {
+struct BoxBounds {
   std::size_t least = 0;
   std::size_t most = 0;
   bool selects = true;
@@ -27,11 +27,11 @@ struct Bounds {
 
 class InputBox : public ::testing::Test {
  protected:
-  bool Ask(Bounds const& bounds = {}) {
+  bool Ask(BoxBounds const& bounds = {}) {
     return SimpleInputBox(nullptr, u"Save Preset", u"Preset Name:", mText, bounds.selects, nullptr,
                           bounds.readOnly, bounds.least, bounds.most, 1, 2048);
   }
-  bool AskDriven(std::function<void(Stage&)> drive, Bounds const& bounds = {}) {
+  bool AskDriven(std::function<void(Stage&)> drive, BoxBounds const& bounds = {}) {
     mAnswers.ExpectDriven(std::move(drive));
     return Ask(bounds);
   }

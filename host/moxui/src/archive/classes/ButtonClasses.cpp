@@ -85,7 +85,7 @@ constexpr SectionOf<UI_Button> kButtonSection{kButton};
 constexpr SectionOf<UI_PictureButton> kPictureButtonSection{kPictureButton};
 constexpr SectionOf<UI_TextButton> kTextButtonSection{kTextButton};
 
-constexpr ArchiveClass kClasses[] = {
+constexpr ArchiveClass kButtonClasses[] = {
     {"moxui::controls::UI_Button", Make<UI_Button>, &kButtonSection},
     {"moxui::controls::UI_PictureButton", Make<UI_PictureButton>, &kPictureButtonSection},
     {"moxui::controls::UI_TextButton", Make<UI_TextButton>, &kTextButtonSection},
@@ -94,7 +94,7 @@ constexpr ArchiveClass kClasses[] = {
 }  // namespace
 
 std::span<ArchiveClass const> ButtonClasses() {
-  return kClasses;
+  return kButtonClasses;
 }
 
 }  // namespace moxui::archive

@@ -31,7 +31,7 @@ constexpr SectionOf<UI_OutlineBox> kOutlineBoxSection{kOutlineBox};
 constexpr SectionOf<ui::UI_LayoutView> kLayoutViewSection{{}};
 constexpr SectionOf<controls::UI_MultiColumnTree> kTreeSection{{}};
 
-constexpr ArchiveClass kClasses[] = {
+constexpr ArchiveClass kContainerClasses[] = {
     {"moxui::ui::UI_LayoutView", Make<ui::UI_LayoutView>, &kLayoutViewSection},
     {"moxui::controls::UI_OutlineBox", Make<UI_OutlineBox>, &kOutlineBoxSection},
     {"moxui::controls::UI_MultiColumnTree", Make<controls::UI_MultiColumnTree>, &kTreeSection},
@@ -40,7 +40,7 @@ constexpr ArchiveClass kClasses[] = {
 }  // namespace
 
 std::span<ArchiveClass const> ContainerClasses() {
-  return kClasses;
+  return kContainerClasses;
 }
 
 }  // namespace moxui::archive

@@ -73,7 +73,7 @@ constexpr Property<UI_ControlView> kControl[] = {
 constexpr SectionOf<UI_ControlView> kControlSection{kControl};
 constexpr SectionOf<UI_InteractiveControlView> kInteractiveSection{{}};
 
-constexpr ArchiveClass kClasses[] = {
+constexpr ArchiveClass kControlClasses[] = {
     {"moxui::controls::UI_ControlView", Make<UI_ControlView>, &kControlSection},
     {"moxui::controls::UI_InteractiveControlView", Make<UI_InteractiveControlView>, &kInteractiveSection},
 };
@@ -81,7 +81,7 @@ constexpr ArchiveClass kClasses[] = {
 }  // namespace
 
 std::span<ArchiveClass const> ControlClasses() {
-  return kClasses;
+  return kControlClasses;
 }
 
 }  // namespace moxui::archive

@@ -42,7 +42,7 @@ constexpr Property<UI_SubView> kSubView[] = {
 constexpr SectionOf<UI_Node> kNodeSection{kNode};
 constexpr SectionOf<UI_SubView> kSubViewSection{kSubView};
 
-constexpr ArchiveClass kClasses[] = {
+constexpr ArchiveClass kNodeClasses[] = {
     {"moxui::ui::UI_Node", Make<UI_Node>, &kNodeSection},
     {"moxui::ui::UI_SubView", Make<UI_SubView>, &kSubViewSection},
 };
@@ -50,7 +50,7 @@ constexpr ArchiveClass kClasses[] = {
 }  // namespace
 
 std::span<ArchiveClass const> NodeClasses() {
-  return kClasses;
+  return kNodeClasses;
 }
 
 }  // namespace moxui::archive

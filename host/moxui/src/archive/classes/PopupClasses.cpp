@@ -44,12 +44,12 @@ constexpr Property<UI_Popup> kPopup[] = {
 
 constexpr SectionOf<UI_Popup> kPopupSection{kPopup};
 
-constexpr ArchiveClass kClasses[] = {{"moxui::controls::UI_Popup", Make<UI_Popup>, &kPopupSection}};
+constexpr ArchiveClass kPopupClasses[] = {{"moxui::controls::UI_Popup", Make<UI_Popup>, &kPopupSection}};
 
 }  // namespace
 
 std::span<ArchiveClass const> PopupClasses() {
-  return kClasses;
+  return kPopupClasses;
 }
 
 }  // namespace moxui::archive

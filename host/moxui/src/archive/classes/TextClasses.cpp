@@ -109,7 +109,7 @@ constexpr SectionOf<UI_StaticText> kStaticTextSection{kStaticText};
 constexpr SectionOf<UI_HotText> kHotTextSection{kHotText};
 constexpr SectionOf<UI_HotTextNumber> kHotTextNumberSection{kHotTextNumber};
 
-constexpr ArchiveClass kClasses[] = {
+constexpr ArchiveClass kTextClasses[] = {
     {"moxui::controls::UI_StaticText", Make<UI_StaticText>, &kStaticTextSection},
     {"moxui::controls::UI_HotText", Make<UI_HotText>, &kHotTextSection},
     {"moxui::controls::UI_HotTextNumber", Make<UI_HotTextNumber>, &kHotTextNumberSection},
@@ -118,7 +118,7 @@ constexpr ArchiveClass kClasses[] = {
 }  // namespace
 
 std::span<ArchiveClass const> TextClasses() {
-  return kClasses;
+  return kTextClasses;
 }
 
 }  // namespace moxui::archive

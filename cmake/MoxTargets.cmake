@@ -111,7 +111,12 @@ function(mox_test name directory)
     gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST
       PROPERTIES ENVIRONMENT "${environment}" TIMEOUT 300 LABELS ${name})
   else()
+    # The longest first, so that none of them is left for the end.
+    list(LENGTH sources cost)
+    if(ARG_OPTIMIZED)
+      math(EXPR cost "3 * ${cost}")
+    endif()
     add_test(NAME ${name} COMMAND ${name})
-    set_tests_properties(${name} PROPERTIES ENVIRONMENT "${environment}" TIMEOUT 1200 LABELS ${name})
+    set_tests_properties(${name} PROPERTIES ENVIRONMENT "${environment}" TIMEOUT 1200 LABELS ${name} COST ${cost})
   endif()
 endfunction()

@@ -35,7 +35,7 @@ using moxui::ui::KeyboardCode;
 enum State { kWhole, kSelection, kSamples, kLayers, kFade, kNoSound };
 
 // The picture of the waveform alone: what stands around it would change with any value.
-Pixels WaveformPicture(StagedProgram& program) {
+Pixels PictureOfWaveform(StagedProgram& program) {
   Pixels const all = program.Picture();
   auto const& waveform = program.Audio().Waveform();
   moxui::RectT<int> const rect(waveform.UI_ConvertRectTo(nullptr, waveform.UI_GetLocalRectF(false)));
@@ -142,8 +142,8 @@ TEST(AudioProperties, EachOfThemChangesThePictureWhereItCanBeWorked) {
       if (property.isEnabled && !property.isEnabled()) {
         continue;
       }
-      Pixels const before = WaveformPicture(program);
-      if (std::visit(Changer{[&] { return !(WaveformPicture(program) == before); }}, property.kind)) {
+      Pixels const before = PictureOfWaveform(program);
+      if (std::visit(Changer{[&] { return !(PictureOfWaveform(program) == before); }}, property.kind)) {
         changes = true;
         break;
       }

@@ -120,7 +120,7 @@ TEST_F(HiddenPointer, LeavesAPenWhereItIs) {
 }
 
 TEST_F(HiddenPointer, IsWhereItIsPutAtTheRelease) {
-  node->onMouse = [this](ui::MouseEvent const& event) {
+  node->onMouse = [](ui::MouseEvent const& event) {
     if (event.IsAction(ui::PointerAction::kRelease)) {
       ui::SetGlobalMousePosition(150, 110);
       Show();

@@ -6,6 +6,7 @@
 #include <moxui/platform/Window.h>
 #include <moxui/scriber/RasterSupplier.h>
 #include <moxui/skins/Look.h>
+#include <moxui/testing/ComparePicture.h>
 #include <moxui/testing/FailingSupplier.h>
 #include <moxui/testing/ModalAnswers.h>
 #include <moxui/testing/Stage.h>
@@ -225,6 +226,19 @@ TEST_P(CurvePoint, ACopySharesTheDialogAndItsControls) {
   mAnswers.ExpectDriven([](Stage& stage) { stage.Click(stage.CenterOf(Find(stage, "OKButton"))); });
   copy->RunModal();
   EXPECT_EQ(copy->GetResponse(), Response::kOk);
+}
+
+TEST_P(CurvePoint, LooksAsWasAgreedOn) {
+  Open(u"Input:", u"Output:");
+  mDialog->GetHotTextNumber1()->SetValue(64);
+  mDialog->GetHotTextNumber2()->SetValue(80);
+  Run([&](Stage& stage) {
+    char const* const name = IsV7() ? "color/curve_point_dialog.png" : "color/curve_point_dialog_classic.png";
+    auto const picture = stage.TakePicture(2);
+    EXPECT_EQ(moxui::testing::ComparePicture(picture, moxui::testing::GoldenPath(name)), "");
+    mDialog->GetHotTextNumber2()->SetValue(81);
+    EXPECT_GT(moxui::testing::FindDifference(stage.TakePicture(2), picture).differingPixels, 0);
+  });
 }
 
 TEST_P(CurvePoint, ItsButtonsSpeakTheRunningLanguage) {

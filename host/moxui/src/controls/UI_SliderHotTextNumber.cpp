@@ -38,7 +38,7 @@ double Rounded(double value, int places) {
 }
 
 /// The name of a part without one is that of the whole.
-moxcore::Utf8String NameOf(ui::UI_Node const& part, moxcore::Utf8String name) {
+moxcore::Utf8String NameOf(ui::UI_Node const& part, moxcore::Utf8String const& name) {
   ui::UI_Node const* const whole = part.UI_GetParentNode();
   return name.empty() && whole != nullptr ? whole->UI_GetAccessibleName() : name;
 }

@@ -25,7 +25,8 @@ using moxui::RectT;
 constexpr float kPanelShare = 0.38f;
 constexpr float kNarrowestPanel = 224.0f;
 constexpr float kWidestPanel = 316.0f;
-constexpr float kHintHeight = 32.0f;
+constexpr float kHintLine = 16.0f;
+constexpr float kWideHint = 560.0f;  // fits into two lines from here on
 constexpr float kLargestView = 640.0f;
 
 // The curve of a state, with the point that shows most.
@@ -110,13 +111,14 @@ void CurvePage::UI_SizeChanged(RectT<float> const& rect) {
   float const panel =
       std::clamp(std::floor(rect.width * kPanelShare / 4.0f) * 4.0f, kNarrowestPanel, kWidestPanel);
   float const width = std::max(rect.width - panel, 0.0f);
-  float const height = std::max(rect.height - kHintHeight - kPanelPadding, 0.0f);
+  float const hintWidth = std::max(width - 2.0f * kPanelPadding, 0.0f);
+  float const hint = (hintWidth < kWideHint ? 4.0f : 2.0f) * kHintLine;
+  float const height = std::max(rect.height - hint - kPanelPadding, 0.0f);
   // Levels rise from left to right in every language, so that only the places are mirrored.
   mView->UI_SetLocalRectF(
       Placed({0.0f, 0.0f, std::min(width, kLargestView), std::min(height, kLargestView)}, rect.width));
-  mHint->UI_SetLocalRectF(Placed({kPanelPadding, std::min(height, kLargestView) + 4.0f,
-                                  std::max(width - 2.0f * kPanelPadding, 0.0f), kHintHeight},
-                                 rect.width));
+  mHint->UI_SetLocalRectF(
+      Placed({kPanelPadding, std::min(height, kLargestView) + 4.0f, hintWidth, hint}, rect.width));
   mPanel->UI_SetLocalRectF(Placed({width, 0.0f, panel, rect.height}, rect.width));
 }
 

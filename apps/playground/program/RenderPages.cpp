@@ -5,6 +5,8 @@
 #include "shell/Shell.h"
 #include "shell/TabStrip.h"
 
+#include <moxappsupport/LocalPresets.h>
+#include <moxcore/filesupport/Dir.h>
 #include <moxui/platform/PaintTarget.h>
 #include <moxui/scriber/Scriber.h>
 #include <moxui/ui/NodeTree.h>
@@ -50,6 +52,30 @@ class Camera {
   Shell mShell;
 };
 
+// Pictures neither show the user's presets nor leave any behind: these are in a folder that goes away.
+class PicturedPresets {
+ public:
+  explicit PicturedPresets(std::filesystem::path const& folder) : mFolder(folder / ".playground-presets") {
+    Clear();
+    moxappsupport::presets::SetLocalPresetsBaseDir(
+        moxcore::filesupport::Dir(moxcore::Utf8String(mFolder.string())));
+  }
+  ~PicturedPresets() {
+    Clear();
+    moxappsupport::presets::SetLocalPresetsBaseDir(std::nullopt);
+  }
+  PicturedPresets(PicturedPresets const&) = delete;
+  PicturedPresets& operator=(PicturedPresets const&) = delete;
+
+ private:
+  void Clear() {
+    std::error_code ignored;
+    std::filesystem::remove_all(mFolder, ignored);
+  }
+
+  std::filesystem::path mFolder;
+};
+
 std::string PrefixOf(PageDescriptor const& page, std::size_t sound, std::size_t first) {
   std::string prefix(page.name);
   if (sound > first) {
@@ -68,6 +94,7 @@ std::optional<std::string> RenderPages(ProgramState& state, std::string const& d
   if (!std::filesystem::is_directory(folder, error)) {
     return Text("$$$/playground/render/noFolder=The folder \"@0\" can't be made.", {directory});
   }
+  PicturedPresets const presets(folder);
   Camera camera(state);
   std::size_t const firstSound = state.audio.CurrentIndex();
   for (std::size_t page = 0; page < AllPages().size(); ++page) {

@@ -19,6 +19,7 @@ class CurveSession;
 class EventLog;
 class TimecodeBench;
 class Transport;
+class WaveformPresets;
 
 // One page of the program: some controls at work. It shows one of its states, by their numbers.
 class Page : public moxui::ui::UI_SubView {
@@ -43,6 +44,7 @@ struct PageContext {
   EventLog& log;
   TimecodeBench& timecode;
   CurveSession& curve;
+  WaveformPresets& presets;
   // Asks the user for the name of a file to write; empty when there is none to be.
   std::function<std::string(moxui::platform::FileRequest request)> askWhereToSave = {};
 };

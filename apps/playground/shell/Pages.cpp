@@ -1,6 +1,7 @@
 #include "audio/AudioPage.h"
 #include "controls/ControlPages.h"
 #include "curve/CurvePage.h"
+#include "presets/PresetsPage.h"
 #include "program/Localized.h"
 #include "shell/Page.h"
 #include "timecode/TimecodePage.h"
@@ -29,7 +30,8 @@ PageDescriptor Audio() {
 }
 
 std::vector<PageDescriptor> MakePages() {
-  std::vector<PageDescriptor> pages{Audio(), TimecodePageDescriptor(), CurvePageDescriptor()};
+  std::vector<PageDescriptor> pages{Audio(), TimecodePageDescriptor(), CurvePageDescriptor(),
+                                    PresetsPageDescriptor()};
   for (PageDescriptor& page : ControlPages()) {
     pages.push_back(std::move(page));
   }

@@ -4,6 +4,7 @@
 #include "audio/Transport.h"
 #include "curve/CurveSession.h"
 #include "playback/SdlOutput.h"
+#include "presets/WaveformPresets.h"
 #include "program/Appearance.h"
 #include "shell/EventLog.h"
 #include "timecode/TimecodeBench.h"
@@ -19,6 +20,7 @@ struct ProgramState {
   EventLog log;
   TimecodeBench timecode;
   CurveSession curve;
+  WaveformPresets presets;
   Appearance appearance;
   std::size_t page = 0;
   std::size_t stateOfPage = 0;

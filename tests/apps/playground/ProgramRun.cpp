@@ -30,9 +30,10 @@ ProgramRun::ProgramRun(std::vector<std::string> const& arguments, std::filesyste
                        Display display, std::vector<std::string> const& variables) {
   std::filesystem::path const outputPath = home / "output.txt";
   std::filesystem::path const errorsPath = home / "errors.txt";
-  std::string command = "env -u DISPLAY -u WAYLAND_DISPLAY ";
+  std::string command = "env -u DISPLAY -u WAYLAND_DISPLAY -u MOX_PRESETS_DIR ";
   command += display == Display::kOffscreen ? "QT_QPA_PLATFORM=offscreen " : "-u QT_QPA_PLATFORM ";
-  command += "HOME=" + Quoted(home.string()) + " XDG_CONFIG_HOME=" + Quoted((home / "config").string()) + " ";
+  command += "HOME=" + Quoted(home.string()) + " XDG_CONFIG_HOME=" + Quoted((home / "config").string()) +
+             " XDG_DATA_HOME=" + Quoted((home / "data").string()) + " ";
   for (std::string const& variable : variables) {
     command += Quoted(variable) + " ";
   }

@@ -3,6 +3,7 @@
 #include "audio/AudioPage.h"
 #include "controls/ControlPage.h"
 #include "curve/CurvePage.h"
+#include "playground/PresetFolder.h"
 #include "playground/playback/ManualDevice.h"
 #include "shell/Shell.h"
 #include "timecode/TimecodePage.h"
@@ -37,6 +38,7 @@ class StagedProgram {
   double SampleAt(moxui::PointT<float> point) const;
   moxui::platform::Pixels Picture() { return stage.TakePicture(); }
 
+  PresetFolder presets;
   Library library;
   ManualDevice device;
   ProgramState state;

@@ -252,6 +252,19 @@ TEST_F(Program, OpensItsWindowWithABadFileAndDamagedSettings) {
   EXPECT_THAT(run.errors, HasSubstr("missing.wav"));
 }
 
+TEST_F(Program, KeepsItsPresetsInTheirFolderAndRendersWithoutThem) {
+  std::vector<std::string> const variables{"MOX_PRESETS_DIR=" + (Folder() / "presets").string()};
+  ProgramRun const render({"--render", Out(), "--page", "presets"}, Folder(), ProgramRun::Display::kOffscreen,
+                          variables);
+  EXPECT_EQ(render.code, 0) << render.errors;
+  EXPECT_FALSE(fs::exists(Folder() / "presets"));
+  EXPECT_FALSE(fs::exists(Folder() / "data"));
+  ProgramRun const window({"--autoquit", "--page", "presets"}, Folder(), ProgramRun::Display::kOffscreen,
+                          variables);
+  EXPECT_EQ(window.code, 0) << window.errors;
+  EXPECT_TRUE(fs::exists(Folder() / "presets" / "WaveformView" / "Standard.preset"));
+}
+
 TEST_F(Program, SaysThatThereIsNoDisplay) {
   ProgramRun const run({}, Folder(), ProgramRun::Display::kNone);
   EXPECT_EQ(run.code, 1);

@@ -57,6 +57,8 @@ class CustomAudioChannelLayoutDialog : public moxcore::utility::RefCountedObject
   void SetUpButtons();
   void SetUpPresets();
   void SetUpTree();
+  /// For assistive software.
+  void NameParts();
   void RebuildRows();
   void EnableButtons();
   /// The channel of the selected row, or `otherwise`.

@@ -119,6 +119,7 @@ void CustomAudioChannelLayoutDialog::CreateWindow() {
   SetUpButtons();
   SetUpPresets();
   SetUpTree();
+  NameParts();
 }
 
 void CustomAudioChannelLayoutDialog::SetUpButtons() {
@@ -131,6 +132,15 @@ void CustomAudioChannelLayoutDialog::SetUpButtons() {
   mRemoveChannelButton = CheckedCast<UI_TextButton>(mDialog->GetNodeForID("RemoveChannelButtonID"));
   mRemoveChannelButton->NotifyWhenChanged(
       BindMessageFunction(this, &CustomAudioChannelLayoutDialog::OnRemoveChannel));
+}
+
+void CustomAudioChannelLayoutDialog::NameParts() {
+  // A plus and a minus say little when they are read out.
+  for (IntrusivePtr<UI_TextButton> const& button : {mAddChannelButton, mRemoveChannelButton}) {
+    button->SetAccessibleName(button->UI_GetToolTip());
+  }
+  mChannelTree->SetAccessibleName(Localizer::Get().GetUTF8String(
+      "$$$/moxmediaui/CustomAudioChannelLayoutDialog/Channels=Channels#{comment} for screen readers"));
 }
 
 void CustomAudioChannelLayoutDialog::SetUpPresets() {

@@ -1,5 +1,6 @@
 #include <moxcore/config/Errors.h>
 #include <moxcore/debug/TypeName.h>
+#include <moxcore/string/Encoding.h>
 #include <moxcore/utility/PointerCasts.h>
 #include <moxmediaui/CurvePointEditDialog.h>
 #include <moxmediaui/Module.h>
@@ -43,6 +44,13 @@ IntrusivePtr<Control> FindControl(UI_NodeBuilder::Tree const& tree, char const* 
   return found != tree.nodes.end() ? moxcore::utility::CheckedCast<Control>(found->second) : nullptr;
 }
 
+/// For assistive software, which doesn't see that the caption stands beside the number.
+void NameAfter(IntrusivePtr<UI_HotTextNumber> const& number, Utf16String const& caption) {
+  if (number) {
+    number->SetAccessibleName(moxcore::string::UTF16to8(caption));
+  }
+}
+
 /// Sizes a view to its texts, which are measured on a surface of one pixel. Without one it stays as it is.
 void FitTexts(moxui::ui::UI_Node* root) {
   SupplierInterface const* const supplier = GetDrawSupplier();
@@ -77,6 +85,8 @@ void CurvePointEditDialog::CreateDialogAndControls(Utf16String const& title, Utf
   mNumber2 = FindControl<UI_HotTextNumber>(tree, "Number2");
   mCaption1->SetValue(caption1);
   mCaption2->SetValue(caption2);
+  NameAfter(mNumber1, caption1);
+  NameAfter(mNumber2, caption2);
   FitTexts(tree.root.Get());
   ExtentT<float> const size = tree.root->UI_GetLocalRectF(moxui::ui::RectSpace::kOwn).Extent();
   mDialog =

@@ -428,6 +428,9 @@ TEST_F(LayoutDialog, TellsWhatItsButtonsDo) {
     EXPECT_EQ(editor.Button("OKButtonID").GetTextLabel(), u"OK");
     EXPECT_EQ(editor.Button("CancelButtonID").GetTextLabel(), u"Cancel");
     EXPECT_EQ(editor.Popup(1)->UI_GetAccessibleName(), "Label of channel 2");
+    EXPECT_EQ(editor.Button("AddChannelButtonID").UI_GetAccessibleName(), "Add a Channel");
+    EXPECT_EQ(editor.Button("RemoveChannelButtonID").UI_GetAccessibleName(), "Remove a Channel");
+    EXPECT_EQ(editor.Tree().UI_GetAccessibleName(), "Channels");
   });
 }
 

@@ -125,6 +125,8 @@ TEST_P(CurvePoint, ShowsTitleCaptionsAndButtons) {
     EXPECT_EQ(Find<UI_StaticText>(stage, "StaticText2").GetValue(), u"Output:");
     auto const& ok = Find<UI_TextButton>(stage, "OKButton");
     auto const& cancel = Find<UI_TextButton>(stage, "CancelButton");
+    EXPECT_EQ(mDialog->GetHotTextNumber1()->UI_GetAccessibleName(), "Input:");
+    EXPECT_EQ(mDialog->GetHotTextNumber2()->UI_GetAccessibleName(), "Output:");
     EXPECT_EQ(ok.GetTextLabel(), u"OK");
     EXPECT_EQ(cancel.GetTextLabel(), u"Cancel");
     EXPECT_TRUE(ok.GetDefaultAppearance());

@@ -15,7 +15,7 @@ namespace moxcore::filesupport {
 // directory or that its file system knows no locks.
 class DirLock : utility::noncopyable {
  public:
-  static constexpr std::chrono::milliseconds kPatience{2000};
+  static constexpr std::chrono::milliseconds kPatience{10'000};
 
   explicit DirLock(Dir const& dir, std::chrono::milliseconds patience = kPatience) noexcept;
   ~DirLock();

@@ -92,8 +92,10 @@ bool CurvePlot::IsOnCurve(ToneCurve const& curve, PointT<float> place) const {
   if (place.x < mSquare.left || place.x > mSquare.Right()) {
     return false;
   }
-  for (float offset = -kCurveReach; offset <= kCurveReach; offset += 1.0f) {
-    double const x = std::clamp(LevelsAt({place.x + offset, place.y}).x, 0.0, ToneCurve::kMost);
+  constexpr int kReach = static_cast<int>(kCurveReach);
+  for (int offset = -kReach; offset <= kReach; ++offset) {
+    float const column = place.x + static_cast<float>(offset);
+    double const x = std::clamp(LevelsAt({column, place.y}).x, 0.0, ToneCurve::kMost);
     if (DistanceOf(PlaceOf({x, curve.At(x)}), place) <= kCurveReach) {
       return true;
     }

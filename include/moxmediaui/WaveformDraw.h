@@ -2,6 +2,7 @@
 
 #include <moxmediaui/WaveformDrawBase.h>
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <limits>
@@ -33,7 +34,7 @@ enum class LayeredChannelDrawingStyle : std::int32_t {
 struct SincWeights;
 
 /// The weights by which the points of a curve through samples are interpolated, which all channels share. A
-/// copy begins without any: they are found again.
+/// copy shares those that were worked out beforehand; others are found again.
 class CurveScratch {
  public:
   CurveScratch();
@@ -41,11 +42,23 @@ class CurveScratch {
   CurveScratch& operator=(CurveScratch const& other);
   ~CurveScratch();
 
-  /// Of the point of this number, which lies so far behind a sample.
-  SincWeights const& WeightsAt(std::size_t point, float fraction);
+  /// Room for those of so many columns, worked out beforehand.
+  void Reserve(std::size_t columns);
+  void WorkOut(std::size_t column, float fraction) const;
+  /// Of the point of this number, in this column, which lies so far behind a sample.
+  SincWeights const& WeightsAt(std::size_t point, std::int64_t column, float fraction);
 
  private:
+  std::shared_ptr<std::vector<SincWeights>> mWorkedOut;
   std::vector<SincWeights> mWeights;
+};
+
+/// Pixels that peaks are painted straight into, row after row, each as images of the format 7 have them.
+struct PeakTarget {
+  std::uint32_t* pixels = nullptr;  ///< that of column 0 and row 0; null: peaks are drawn as an image
+  int pixelsPerRow = 0;             ///< from row to row
+  /// Of the wave only what covers a pixel wholly, and nothing beneath it: for who lays one wave over another.
+  bool onlyWholePixels = false;
 };
 
 /// Paints audio. Peak data (a pair of values per pixel column, see WaveformData) is written pixel by pixel
@@ -86,8 +99,34 @@ class WaveformDraw : public WaveformDrawBase {
     mFirstPainted = first;
     mEndPainted = end;
   }
+  /// Peaks go into these pixels from the next drawing on, for who keeps a picture: they have to hold every
+  /// column that is painted, and all rows of the rectangle. They get what the surface would get of the image
+  /// that is drawn otherwise; all else (lines between channels, rows below them) is drawn on the surface.
+  void SetPeakTarget(PeakTarget const& target) { mPeakTarget = target; }
+
+  /// Of samples only the curves and dots of channels from `first` up to but not including `end` are painted:
+  /// for who paints strips one by one. All of them by default.
+  void SetPaintedChannels(int first, int end) {
+    mFirstPaintedChannel = first;
+    mEndPaintedChannel = end;
+  }
+  /// Works out beforehand what the curves of all channels have in common in columns `first` up to but not
+  /// including `end`, after ReserveCurve for as many columns at least: for who paints with copies of this on
+  /// several threads, which share it. Threads may work out different columns at the same time. Nothing has to
+  /// be worked out beforehand.
+  void ReserveCurve(int columns) { mCurveScratch.Reserve(static_cast<std::size_t>(std::max(columns, 0))); }
+  void WorkOutCurve(int first, int end) const;
 
  private:
+  /// A point of the curve: where it is among the samples.
+  struct CurvePlace {
+    double floor = 0.0;
+    float fraction = 0.0f;
+  };
+  CurvePlace FindCurvePlace(float column, double left) const;
+  /// The view's left edge on a whole pixel.
+  double GetSnappedViewLeft() const;
+
   std::tuple<float, std::vector<float>> HandleGain(std::shared_ptr<WaveformData> waveform) const override;
   void HandleFades(WaveformDataProperties const& properties, float exponentialFloor,
                    std::vector<float>& buffer) const override;
@@ -105,6 +144,10 @@ class WaveformDraw : public WaveformDrawBase {
                              int channelStride, float centre) const;
   /// Paints some columns of all channels, with what lies beneath them.
   void PaintPeakPicture(PeakPicture const& picture, WaveformDataProperties const& properties,
+                        float const* data, int firstColumn, bool selected, float gain, int channelHeight,
+                        int stride, float centre) const;
+  /// Paints the bodies of all channels over what is there.
+  void PaintWholePixels(PeakPicture const& picture, WaveformDataProperties const& properties,
                         float const* data, int firstColumn, bool selected, float gain, int channelHeight,
                         int stride, float centre) const;
   /// How the peaks of one channel look; which they are and where they go is left to the caller.
@@ -126,6 +169,9 @@ class WaveformDraw : public WaveformDrawBase {
   LayeredChannelDrawingStyle mLayeredChannelDrawingStyle = LayeredChannelDrawingStyle::kAllAlike;
   int mFirstPainted = std::numeric_limits<int>::min();
   int mEndPainted = std::numeric_limits<int>::max();
+  int mFirstPaintedChannel = 0;
+  int mEndPaintedChannel = std::numeric_limits<int>::max();
+  PeakTarget mPeakTarget;
 };
 
 }  // namespace moxmediaui

@@ -252,7 +252,9 @@ MOX_INLINE void DrawStrip(PeakStrip const& strip) {
     } else {
       PaintBodies<kPixels, false>(strip.pixels + x, strip.pixelsPerRow, count, edges, paint);
     }
-    PaintEdges(strip.pixels + x, strip.pixelsPerRow, count, edges, strip.pixel);
+    if (strip.hasEdges) {
+      PaintEdges(strip.pixels + x, strip.pixelsPerRow, count, edges, strip.pixel);
+    }
   }
 }
 

@@ -17,6 +17,7 @@ struct PeakStrip {
   float centre = 0.0f;   // row of the zero line of bipolar peaks
   float zoom = 1.0f;     // factor of the values, gain included
   float opacity = 1.0f;  // 1.0: bodies replace what lies beneath
+  bool hasEdges = true;  // what covers a part of a pixel is drawn, too
   std::uint32_t pixel = 0;
   PeakDataDrawStyle style = PeakDataDrawStyle::kBipolar;
   WaveformScalingStyle scaling = WaveformScalingStyle::kLinear;

@@ -164,6 +164,22 @@ void WaveformDraw::PaintPeakPicture(PeakPicture const& picture, WaveformDataProp
   }
 }
 
+void WaveformDraw::PaintWholePixels(PeakPicture const& picture, WaveformDataProperties const& properties,
+                                    float const* data, int firstColumn, bool selected, float gain,
+                                    int channelHeight, int stride, float centre) const {
+  for (int channel = static_cast<int>(properties.channelCount) - 1; channel >= 0; --channel) {
+    PairsOfColumns const pairs(properties, data, channel, firstColumn, picture.width);
+    PeakStrip peaks = MakePeakStrip(selected, channel, centre, gain, 1.0f);
+    peaks.pairs = pairs.Data();
+    peaks.pixels = picture.Row(std::int64_t{channel} * stride);
+    peaks.columns = picture.width;
+    peaks.pixelsPerRow = picture.pixelsPerRow;
+    peaks.height = channelHeight;
+    peaks.hasEdges = false;
+    DrawPeakStrip(peaks);
+  }
+}
+
 bool WaveformDraw::DrawWaveformAsPeaks(Scriber* scriber, WaveformDataProperties const& properties,
                                        RectT<int> const& rect, float const* data, int firstColumn,
                                        int columnCount, bool selected, float gain, RectT<int> /*region*/,
@@ -189,12 +205,26 @@ bool WaveformDraw::DrawWaveformAsPeaks(Scriber* scriber, WaveformDataProperties 
     return true;
   }
   int const imageHeight = static_cast<int>(wantedHeight);
-  PixelBuffer buffer(width, imageHeight);
+  bool const atTop = GetVerticalChannelAlignment() == VerticalChannelAlignment::kTop;
+  int const top = atTop ? 0 : rect.height - imageHeight;
   int const step = GetColumnsAtATime(imageHeight);
-  for (int x = 0; x < width; x += step) {
-    PeakPicture const picture{buffer.Pixels() + x, std::min(step, width - x), imageHeight, width};
-    PaintPeakPicture(picture, properties, data, first + x, selected, gain, channelHeight, stride, centre);
+  bool const hasTarget = mPeakTarget.pixels != nullptr;
+  auto const paintColumns = hasTarget && mPeakTarget.onlyWholePixels ? &WaveformDraw::PaintWholePixels
+                                                                     : &WaveformDraw::PaintPeakPicture;
+  auto const paint = [&](std::uint32_t* pixels, int pixelsPerRow) {
+    for (int x = 0; x < width; x += step) {
+      PeakPicture const picture{pixels + x, std::min(step, width - x), imageHeight, pixelsPerRow};
+      (this->*paintColumns)(picture, properties, data, first + x, selected, gain, channelHeight, stride,
+                            centre);
+    }
+  };
+  if (hasTarget) {
+    auto const row = static_cast<std::ptrdiff_t>(top) * mPeakTarget.pixelsPerRow;
+    paint(mPeakTarget.pixels + row + first, mPeakTarget.pixelsPerRow);
+    return true;
   }
+  PixelBuffer buffer(width, imageHeight);
+  paint(buffer.Pixels(), width);
 
   std::uint32_t* const pixels = buffer.Pixels();
   auto deleter = buffer.Release();
@@ -202,12 +232,8 @@ bool WaveformDraw::DrawWaveformAsPeaks(Scriber* scriber, WaveformDataProperties 
       width, imageHeight, width * 4, static_cast<moxui::scriber::PixelFormat>(GetImageFormat()), pixels,
       std::move(deleter));
   utility::SetBlendModeToCopy(surface, true);
-  bool const atTop = GetVerticalChannelAlignment() == VerticalChannelAlignment::kTop;
   // The image's place doesn't add the rectangle's own: the first column holds its left already.
-  surface->DrawImage(
-      *image,
-      PointT<float>{static_cast<float>(first), static_cast<float>(atTop ? 0 : rect.height - imageHeight)},
-      1.0f);
+  surface->DrawImage(*image, PointT<float>{static_cast<float>(first), static_cast<float>(top)}, 1.0f);
   utility::SetBlendModeToCopy(surface, false);
   return true;
 }

@@ -45,13 +45,33 @@ DotLook GetDotLook(float pixelsPerSample) {
 }  // namespace
 
 CurveScratch::CurveScratch() = default;
-CurveScratch::CurveScratch(CurveScratch const& /*other*/) {}
-CurveScratch& CurveScratch::operator=(CurveScratch const& /*other*/) {
+CurveScratch::CurveScratch(CurveScratch const& other) : mWorkedOut(other.mWorkedOut) {}
+CurveScratch& CurveScratch::operator=(CurveScratch const& other) {
+  mWorkedOut = other.mWorkedOut;
   return *this;
 }
 CurveScratch::~CurveScratch() = default;
 
-SincWeights const& CurveScratch::WeightsAt(std::size_t point, float fraction) {
+void CurveScratch::Reserve(std::size_t columns) {
+  if (!mWorkedOut) {
+    mWorkedOut = std::make_shared<std::vector<SincWeights>>();
+  }
+  mWorkedOut->resize(columns);
+}
+
+void CurveScratch::WorkOut(std::size_t column, float fraction) const {
+  if (mWorkedOut && column < mWorkedOut->size() && (*mWorkedOut)[column].fraction != fraction) {
+    (*mWorkedOut)[column] = FindSincWeights(fraction);
+  }
+}
+
+SincWeights const& CurveScratch::WeightsAt(std::size_t point, std::int64_t column, float fraction) {
+  if (mWorkedOut && column >= 0 && column < static_cast<std::int64_t>(mWorkedOut->size())) {
+    SincWeights const& weights = (*mWorkedOut)[static_cast<std::size_t>(column)];
+    if (weights.fraction == fraction) {
+      return weights;
+    }
+  }
   if (point >= mWeights.size()) {
     mWeights.resize(point + 1);
   }
@@ -60,6 +80,25 @@ SincWeights const& CurveScratch::WeightsAt(std::size_t point, float fraction) {
     weights = FindSincWeights(fraction);
   }
   return weights;
+}
+
+double WaveformDraw::GetSnappedViewLeft() const {
+  double const samplesPerPixel = GetSamplesPerPixel();
+  return static_cast<double>(TruncateToInt64(GetViewLeft() / samplesPerPixel)) * samplesPerPixel;
+}
+
+WaveformDraw::CurvePlace WaveformDraw::FindCurvePlace(float column, double left) const {
+  double const position = static_cast<double>(column) * GetSamplesPerPixel() + left;
+  double const floor = std::floor(position);
+  return {floor, static_cast<float>(position - floor)};
+}
+
+void WaveformDraw::WorkOutCurve(int first, int end) const {
+  double const left = GetSnappedViewLeft();
+  for (int column = std::max(first, 0); column < end; ++column) {
+    mCurveScratch.WorkOut(static_cast<std::size_t>(column),
+                          FindCurvePlace(static_cast<float>(column), left).fraction);
+  }
 }
 
 bool WaveformDraw::DrawWaveformAsSamples(Scriber* scriber, WaveformDataProperties const& properties,
@@ -77,7 +116,8 @@ bool WaveformDraw::DrawWaveformAsSamples(Scriber* scriber, WaveformDataPropertie
   SurfaceInterface& surface = *scriber->GetSurface();
   auto const width = static_cast<float>(columnCount);
   auto const height = static_cast<float>(channelHeight);
-  for (int channel = static_cast<int>(properties.channelCount) - 1; channel >= 0; --channel) {
+  int const end = std::min(static_cast<int>(properties.channelCount), mEndPaintedChannel);
+  for (int channel = end - 1; channel >= std::max(mFirstPaintedChannel, 0); --channel) {
     SurfaceP const layer = surface.NewOffscreenSurface(columnCount, channelHeight);
     DrawSamples(scriber, selected, channel, data + static_cast<std::size_t>(channel) * properties.dataSlots,
                 static_cast<unsigned int>(properties.dataSlots), pixelsPerSample, *layer, rect, region,
@@ -101,9 +141,7 @@ void WaveformDraw::DrawSamples(Scriber* scriber, bool selected, int channel, flo
   ColorRGBA const colour = GetWaveformColor(channel, selected);
   layer.SetSmoothing(moxui::scriber::Smoothing::kAntiAliased);
   DotLook const look = GetDotLook(pixelsPerSample);
-  double const samplesPerPixel = GetSamplesPerPixel();
-  // The view's left edge on a whole pixel.
-  double const left = static_cast<double>(TruncateToInt64(GetViewLeft() / samplesPerPixel)) * samplesPerPixel;
+  double const left = GetSnappedViewLeft();
   auto const regionLeft = static_cast<float>(region.left);
   auto const regionTop = static_cast<float>(region.top);
 
@@ -130,9 +168,8 @@ void WaveformDraw::DrawSamples(Scriber* scriber, bool selected, int channel, flo
   std::int64_t remembered = -1;
   for (int i = 0; i <= region.width; ++i) {
     auto const x = static_cast<float>(region.left + i);
-    double const position = static_cast<double>(x) * samplesPerPixel + left;
-    double const floorOfPosition = std::floor(position);
-    std::int64_t const start = SaturatingDifference(TruncateToInt64(floorOfPosition), firstSample);
+    CurvePlace const place = FindCurvePlace(x, left);
+    std::int64_t const start = SaturatingDifference(TruncateToInt64(place.floor), firstSample);
     if (start < 0 || start != remembered) {  // -1 is no window that was filled
       CopySampleWindow(samples, count, start, mOversampleBuffer);
       // The window's end, not its start, is what is remembered: the window is filled anew for every point,
@@ -140,7 +177,7 @@ void WaveformDraw::DrawSamples(Scriber* scriber, bool selected, int channel, flo
       remembered = SaturatingSum(start, kInterpolationTaps);
     }
     SincWeights const& weights =
-        mCurveScratch.WeightsAt(static_cast<std::size_t>(i), static_cast<float>(position - floorOfPosition));
+        mCurveScratch.WeightsAt(static_cast<std::size_t>(i), std::int64_t{region.left} + i, place.fraction);
     float const interpolated = InterpolateWithSinc(weights, mOversampleBuffer.data());
     float const value = ScaledValue(interpolated, mWaveformScalingStyle);
     PointT<float> const point{x - regionLeft, centre - value * centre * zoom - regionTop};

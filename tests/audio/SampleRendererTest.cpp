@@ -144,6 +144,26 @@ TEST(SampleRenderer, CallsWhatThePlainRendererCallsForAnySettings) {
   EXPECT_GT(several, 30);
 }
 
+TEST(SampleRenderer, SomeChannelsAreTheSameAsAmongAll) {
+  std::mt19937 random(5);
+  auto const data = MakeData(MakeChannels(random, 3, 150));
+  OpenWaveformDraw draw;
+  RectT<int> const rect{0, 0, 100, 92};
+  auto const images = [&] { return Only("DrawImage", RecordSamples(draw, data, rect)); };
+  auto const allImages = images();
+  auto const allPoints = CurvePoints(RecordSamples(draw, data, rect));
+  ASSERT_EQ(allImages.size(), 3u);
+  draw.SetPaintedChannels(1, 2);
+  ASSERT_EQ(images().size(), 1u);
+  EXPECT_EQ(images()[0].rect, allImages[1].rect);
+  EXPECT_EQ(CurvePoints(RecordSamples(draw, data, rect)),
+            (std::vector<PointT<float>>{allPoints.begin() + 101, allPoints.begin() + 202}));
+  draw.SetPaintedChannels(-5, 90);
+  EXPECT_EQ(images().size(), 3u);
+  draw.SetPaintedChannels(3, 3);
+  EXPECT_TRUE(images().empty());
+}
+
 TEST(SampleRenderer, TheComparisonNoticesOneStepOfOnePoint) {
   std::mt19937 random(1);
   auto const channels = MakeChannels(random, 1, 200);

@@ -1,6 +1,7 @@
 #include "QtPaintTarget.h"
 
 #include "ImageConversion.h"
+#include "raster/PixelSpans.h"
 
 #include <moxui/scriber/ImageInterface.h>
 #include <moxui/scriber/RasterSupplier.h>
@@ -50,9 +51,15 @@ void QtPaintTarget::Clear(RectT<float> const& rect, ColorRGBA const& colour) {
   int const right = ToPixel(rect.Right(), mScale, mWidth);
   int const bottom = ToPixel(rect.Bottom(), mScale, mHeight);
   std::uint32_t const pixel = ToQColor(colour).rgb() | 0xff000000U;
-  for (int y = ToPixel(rect.top, mScale, mHeight); y < bottom && left < right; ++y) {
-    auto const row = mPixels.begin() + static_cast<std::ptrdiff_t>(y) * mWidth;
-    std::fill(row + left, row + right, pixel);
+  int const top = ToPixel(rect.top, mScale, mHeight);
+  if (left >= right || top >= bottom) {
+    return;
+  }
+  auto const width = static_cast<std::size_t>(right - left);
+  bool const isLarge = width * 4 * static_cast<std::size_t>(bottom - top) > kLargePicture;
+  for (int y = top; y < bottom; ++y) {
+    std::uint32_t* const row = mPixels.data() + static_cast<std::ptrdiff_t>(y) * mWidth;
+    (isLarge ? StoreSpanPastCaches : StoreSpan)(row + left, width, pixel);
   }
 }
 

@@ -11,6 +11,8 @@ namespace moxui::qt {
 
 namespace {
 
+constexpr int kPixelsOfCacheLine = 16;
+
 unsigned ByteOf(float component) {
   return std::isnan(component) ? 0u
                                : static_cast<unsigned>(std::clamp(component, 0.0f, 1.0f) * 255.0f + 0.5f);
@@ -27,22 +29,6 @@ int NextCovered(std::uint8_t const* coverage, int x, int end) {
     x += 8;
   }
   while (x < end && coverage[x] == 0) {
-    ++x;
-  }
-  return x;
-}
-
-// The first pixel from `x` on that isn't covered wholly, or `end`.
-int NextPartial(std::uint8_t const* coverage, int x, int end) {
-  while (x + 8 <= end) {
-    std::uint64_t eight = 0;
-    std::memcpy(&eight, coverage + x, sizeof(eight));
-    if (~eight != 0) {
-      break;
-    }
-    x += 8;
-  }
-  while (x < end && coverage[x] == 255) {
     ++x;
   }
   return x;
@@ -102,27 +88,14 @@ void FillMask(Pixels const& pixels, CoverageMask const& mask, PixelRect const& c
     return;
   }
   std::uint32_t const force = pixels.opaque ? kOpaqueAlpha : 0u;
+  bool const isNarrow = area.Width() <= kPixelsOfCacheLine;
   for (int y = area.top; y < area.bottom; ++y) {
-    std::uint32_t* const row = pixels.Row(y);
-    std::uint8_t const* const coverage = mask.Row(y) - mask.bounds.left;
-    int x = NextCovered(coverage, area.left, area.right);
-    while (x < area.right) {
-      if (coverage[x] != 255) {
-        row[x] = Over(Scaled(colour, coverage[x]), row[x]) | force;
-        ++x;
-      } else {
-        int const end = NextPartial(coverage, x, area.right);
-        if (alpha == 255) {
-          StoreSpan(row + x, static_cast<std::size_t>(end - x), colour);
-        } else {
-          BlendSpan(row + x, static_cast<std::size_t>(end - x), colour, force);
-        }
-        x = end;
-      }
-      if (x < area.right && coverage[x] == 0) {
-        x = NextCovered(coverage, x, area.right);
-      }
+    if (isNarrow) {
+      // Masks of lines come from left to right: the next one's pixels are fetched meanwhile.
+      __builtin_prefetch(pixels.Row(y) + area.left + kPixelsOfCacheLine, 1);
     }
+    BlendCoveredSpan(pixels.Row(y) + area.left, mask.Row(y) + (area.left - mask.bounds.left),
+                     static_cast<std::size_t>(area.Width()), colour, force);
   }
 }
 

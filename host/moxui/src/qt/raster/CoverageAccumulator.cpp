@@ -1,12 +1,17 @@
 #include "qt/raster/CoverageAccumulator.h"
 
 #include <algorithm>
+#include <array>
 #include <bit>
 #include <climits>
 #include <cmath>
 #include <cstddef>
 #include <cstdlib>
 #include <cstring>
+
+#if defined(__SSE2__)
+#include <emmintrin.h>
+#endif
 
 namespace moxui::qt {
 
@@ -41,8 +46,33 @@ std::uint32_t Bits(int value) {
   return static_cast<std::uint8_t>((share * 255 + kWhole / 2) >> kFractionBits);
 }
 
-constexpr int kRun = 16;          // differences looked at together
-constexpr int kLinesAtOnce = 64;  // lines in a piece
+constexpr int kRun = 16;  // differences looked at together
+
+// The coverage of the first `count` sums.
+void StoreCoverage(std::array<std::uint32_t, kRun> const& sums, int count, bool evenOdd, std::uint8_t* out) {
+#if defined(__SSE2__)
+  if (count == kRun && !evenOdd) {
+    __m128i const whole = _mm_set1_epi32(kWhole);
+    auto const four = [&](std::size_t i) {
+      __m128i const sum = _mm_loadu_si128(reinterpret_cast<__m128i const*>(sums.data() + i));
+      __m128i const sign = _mm_srai_epi32(sum, 31);
+      __m128i const size = _mm_sub_epi32(_mm_xor_si128(sum, sign), sign);
+      // The lowest of numbers stays negative: it is far more than a whole, too.
+      __m128i const more = _mm_or_si128(_mm_cmpgt_epi32(size, whole), _mm_srai_epi32(size, 31));
+      __m128i const share = _mm_or_si128(_mm_and_si128(more, whole), _mm_andnot_si128(more, size));
+      __m128i const parts = _mm_sub_epi32(_mm_slli_epi32(share, 8), share);  // of 255
+      return _mm_srli_epi32(_mm_add_epi32(parts, _mm_set1_epi32(kWhole / 2)), kFractionBits);
+    };
+    __m128i const bytes =
+        _mm_packus_epi16(_mm_packs_epi32(four(0), four(4)), _mm_packs_epi32(four(8), four(12)));
+    _mm_storeu_si128(reinterpret_cast<__m128i*>(out), bytes);
+    return;
+  }
+#endif
+  for (int i = 0; i < count; ++i) {
+    out[i] = CoverageOf(sums[static_cast<std::size_t>(i)], evenOdd);
+  }
+}
 
 bool IsZero(std::uint32_t const* differences) {
   std::uint32_t any = 0;
@@ -57,10 +87,10 @@ bool IsWhole(std::uint32_t sum) {
 }
 
 // Eight bytes of eight columns become eight rows.
-void Transpose8(std::uint8_t const* columns, int length, std::uint8_t* rows, int rowStride) {
+void Transpose8(std::uint8_t const* columns, int columnStride, std::uint8_t* rows, int rowStride) {
   std::uint64_t in[8];
   for (int i = 0; i < 8; ++i) {
-    std::memcpy(&in[i], columns + static_cast<std::ptrdiff_t>(i) * length, 8);
+    std::memcpy(&in[i], columns + static_cast<std::ptrdiff_t>(i) * columnStride, 8);
   }
   // Swaps ever larger squares off the diagonal: of 1, 2 and 4 bytes.
   for (int distance = 1, shift = 8; distance < 8; distance *= 2, shift *= 2) {
@@ -81,20 +111,20 @@ void Transpose8(std::uint8_t const* columns, int length, std::uint8_t* rows, int
   }
 }
 
-// Writes rows from columns: `columns` holds `count` columns of `length` pixels each.
-void Transpose(std::uint8_t const* columns, int length, int count, std::uint8_t* rows, int rowStride) {
+// Writes rows from the first `length` pixels of `count` columns, each of which begins `stride` behind the one
+// before.
+void Transpose(std::uint8_t const* columns, int length, int stride, int count, std::uint8_t* rows) {
   int const wholeLength = std::endian::native == std::endian::little ? length - length % 8 : 0;
   int const wholeCount = std::endian::native == std::endian::little ? count - count % 8 : 0;
   for (int y = 0; y < wholeLength; y += 8) {
     for (int x = 0; x < wholeCount; x += 8) {
-      Transpose8(columns + static_cast<std::ptrdiff_t>(x) * length + y, length,
-                 rows + static_cast<std::ptrdiff_t>(y) * rowStride + x, rowStride);
+      Transpose8(columns + static_cast<std::ptrdiff_t>(x) * stride + y, stride,
+                 rows + static_cast<std::ptrdiff_t>(y) * count + x, count);
     }
   }
   for (int y = 0; y < length; ++y) {
     for (int x = y < wholeLength ? wholeCount : 0; x < count; ++x) {
-      rows[static_cast<std::ptrdiff_t>(y) * rowStride + x] =
-          columns[static_cast<std::ptrdiff_t>(x) * length + y];
+      rows[static_cast<std::ptrdiff_t>(y) * count + x] = columns[static_cast<std::ptrdiff_t>(x) * stride + y];
     }
   }
 }
@@ -108,7 +138,6 @@ void CoverageAccumulator::Begin(PixelRect const& bounds, SweepDirection directio
   mLength = mColumns ? bounds.Height() : bounds.Width();
   mLines = mColumns ? bounds.Width() : bounds.Height();
   mStride = mLength + 4;
-  mLeavesEnd = false;
   std::size_t const size = static_cast<std::size_t>(mStride) * static_cast<std::size_t>(mLines);
   if (mDifferences.size() < size) {
     mDifferences.resize(size, 0);
@@ -147,11 +176,8 @@ void CoverageAccumulator::AddClippedEdge(double u0, std::int64_t v0, double u1, 
   if (v1 <= 0 || v0 >= end) {
     return;
   }
-  if (u0 >= mLength || u1 >= mLength) {
-    mLeavesEnd = true;
-    if (u0 >= mLength && u1 >= mLength) {
-      return;
-    }
+  if (u0 >= mLength && u1 >= mLength) {
+    return;  // what lies beyond the end counts nowhere before it
   }
   double const slope = (u1 - u0) / static_cast<double>(v1 - v0);
   if (v0 < 0) {
@@ -181,7 +207,6 @@ void CoverageAccumulator::AddUnsmoothedEdge(PointT<double> from, PointT<double> 
   for (double y = first; y < last; y += 1.0) {
     double const x = from.x - mBounds.left + slope * (y + 0.5 + mBounds.top - from.y);
     int const column = static_cast<int>(std::clamp(std::ceil(x - 0.5), 0.0, static_cast<double>(mLength)));
-    mLeavesEnd = mLeavesEnd || column == mLength;
     int const line = static_cast<int>(y);
     std::uint32_t* const row = mDifferences.data() + static_cast<std::ptrdiff_t>(line) * mStride;
     row[column] += Bits(sign * kWhole);
@@ -259,72 +284,87 @@ void CoverageAccumulator::AddRamp(int line, double from, double to, int height) 
   touched.last = std::max(touched.last, j + 3);
 }
 
-// Writes the pixels from `first` to before `last` of a line, and clears its differences.
-void CoverageAccumulator::SumUp(int line, bool evenOdd, std::uint8_t* out, int first, int last) {
+// Writes the pixels of a line in which its coverage changes, and clears its differences.
+CoverageAccumulator::LineCoverage CoverageAccumulator::SumUp(int line, bool evenOdd, std::uint8_t* out) {
   std::uint32_t* const row = mDifferences.data() + static_cast<std::ptrdiff_t>(line) * mStride;
   Touched const touched = mTouched[static_cast<std::size_t>(line)];
   if (touched.last < 0) {
-    return;
+    return {};
   }
   std::uint32_t step = 0;
   std::uint32_t sum = 0;
-  int const end = std::min(touched.last, last);
-  std::uint8_t* const at = out - first;
+  int const end = std::min(touched.last, mLength);
   for (int k = touched.first; k < end;) {
     // Where no edge begins or ends, the coverage is constant or a ramp, mostly of wholly covered pixels.
     if (k + kRun <= end && IsZero(row + k)) {
       std::uint32_t const next = sum + kRun * step;
       bool const covered = !evenOdd && IsWhole(sum + step) && IsWhole(next) && ((sum ^ next) >> 31) == 0;
       if (step == 0 || covered) {
-        std::memset(at + k, CoverageOf(next, evenOdd), kRun);
+        std::memset(out + k, CoverageOf(next, evenOdd), kRun);
         sum = next;
         k += kRun;
         continue;
       }
     }
-    int const runEnd = std::min(k + kRun, end);
-    for (; k < runEnd; ++k) {
-      step += row[k];
+    int const count = std::min(kRun, end - k);
+    std::array<std::uint32_t, kRun> sums;
+    for (int i = 0; i < count; ++i) {
+      step += row[k + i];
       sum += step;
-      at[k] = CoverageOf(sum, evenOdd);
+      sums[static_cast<std::size_t>(i)] = sum;
     }
+    StoreCoverage(sums, count, evenOdd, out + k);
+    k += count;
   }
   std::fill(row + touched.first, row + touched.last, 0u);
   // Beyond the last difference the coverage is constant: that of outlines that go on beyond the line.
-  if (end < last) {
-    std::memset(at + end, CoverageOf(sum, evenOdd), static_cast<std::size_t>(last - end));
-  }
+  return {std::min(touched.first, end), end, end < mLength ? CoverageOf(sum, evenOdd) : std::uint8_t{0}};
 }
 
-void CoverageAccumulator::Finish(scriber::FillRule rule, CoverageConsumer const& consume) {
-  bool const evenOdd = rule == scriber::FillRule::kEvenOdd;
-  for (int begin = 0; begin < mLines; begin += kLinesAtOnce) {
-    int const end = std::min(begin + kLinesAtOnce, mLines);
-    int first = mLength;
-    int last = 0;
-    for (int line = begin; line < end; ++line) {
-      Touched const touched = mTouched[static_cast<std::size_t>(line)];
-      first = std::min(first, touched.first);
-      last = std::max(last, touched.last);
+// Sums up lines of a piece one after the other; false when nothing of them is covered.
+bool CoverageAccumulator::SumUpLines(int begin, int end, bool evenOdd, int& first, int& last) {
+  mSummed.clear();
+  mLinePixels.resize(std::max(mLinePixels.size(),
+                              static_cast<std::size_t>(end - begin) * static_cast<std::size_t>(mLength)));
+  first = mLength;
+  last = 0;
+  for (int line = begin; line < end; ++line) {
+    LineCoverage const summed = SumUp(line, evenOdd, LinePixels(line - begin));
+    mSummed.push_back(summed);
+    if (summed.first < summed.last || summed.beyond != 0) {
+      first = std::min(first, summed.first);
+      last = std::max(last, summed.beyond != 0 ? mLength : summed.last);
     }
-    if (last <= 0 || first >= mLength) {
+  }
+  for (std::size_t i = 0; i < mSummed.size() && first < last; ++i) {
+    auto const [lineFirst, lineLast, beyond] = mSummed[i];
+    std::uint8_t* const pixels = LinePixels(static_cast<int>(i));
+    bool const isCovered = lineFirst < lineLast || beyond != 0;
+    std::fill(pixels + first, pixels + (isCovered ? lineFirst : last), std::uint8_t{0});
+    if (isCovered) {
+      std::fill(pixels + lineLast, pixels + last, beyond);
+    }
+  }
+  return first < last;
+}
+
+void CoverageAccumulator::Finish(scriber::FillRule rule, int linesAtOnce, CoverageConsumer const& consume) {
+  bool const evenOdd = rule == scriber::FillRule::kEvenOdd;
+  for (int begin = 0; begin < mLines; begin += linesAtOnce) {
+    int const end = std::min(begin + linesAtOnce, mLines);
+    int first = 0;
+    int last = 0;
+    if (!SumUpLines(begin, end, evenOdd, first, last)) {
       continue;
     }
-    last = mLeavesEnd ? mLength : std::min(last, mLength);
-    if (!mColumns) {
-      mPiece.Reset({mBounds.left + first, mBounds.top + begin, mBounds.left + last, mBounds.top + end});
-      for (int line = begin; line < end; ++line) {
-        SumUp(line, evenOdd, mPiece.Row(mBounds.top + line), first, last);
-      }
+    if (mColumns) {
+      mPiece.SetBounds({mBounds.left + begin, mBounds.top + first, mBounds.left + end, mBounds.top + last});
+      Transpose(LinePixels(0) + first, last - first, mLength, end - begin, mPiece.coverage.data());
     } else {
-      int const length = last - first;
-      mColumnPixels.assign(static_cast<std::size_t>(kLinesAtOnce) * static_cast<std::size_t>(length), 0);
+      mPiece.SetBounds({mBounds.left + first, mBounds.top + begin, mBounds.left + last, mBounds.top + end});
       for (int line = begin; line < end; ++line) {
-        SumUp(line, evenOdd, mColumnPixels.data() + static_cast<std::ptrdiff_t>(line - begin) * length, first,
-              last);
+        std::copy_n(LinePixels(line - begin) + first, last - first, mPiece.Row(mBounds.top + line));
       }
-      mPiece.Reset({mBounds.left + begin, mBounds.top + first, mBounds.left + end, mBounds.top + last});
-      Transpose(mColumnPixels.data(), length, end - begin, mPiece.coverage.data(), end - begin);
     }
     consume(mPiece);
   }

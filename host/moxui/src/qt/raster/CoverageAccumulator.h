@@ -28,15 +28,26 @@ class CoverageAccumulator {
   void BeginUnsmoothed(PixelRect const& bounds);
   /// The edges of each outline have to close it.
   void AddEdge(PointT<double> from, PointT<double> to);
-  /// Hands the coverage over in pieces that don't overlap and are cheap to work on one by one, and forgets
-  /// the edges. What lies in no piece isn't covered.
-  void Finish(scriber::FillRule rule, CoverageConsumer const& consume);
+  /// Hands the coverage over in pieces that don't overlap and are cheap to work on one by one, of so many
+  /// lines at most, and forgets the edges. What lies in no piece isn't covered.
+  void Finish(scriber::FillRule rule, int linesAtOnce, CoverageConsumer const& consume);
 
  private:
   void AddClippedEdge(double u0, std::int64_t v0, double u1, std::int64_t v1, int sign);
   void AddUnsmoothedEdge(PointT<double> from, PointT<double> to, int sign);
   void AddRamp(int line, double from, double to, int height);
-  void SumUp(int line, bool evenOdd, std::uint8_t* out, int first, int last);
+  /// The part of a line in which coverage changes, empty where nothing is covered, and what it is beyond.
+  struct LineCoverage {
+    int first = 0;
+    int last = 0;
+    std::uint8_t beyond = 0;
+  };
+  LineCoverage SumUp(int line, bool evenOdd, std::uint8_t* out);
+  /// Into LinePixels, from pixel `first` to before `last` of each; false when there are none.
+  bool SumUpLines(int begin, int end, bool evenOdd, int& first, int& last);
+  std::uint8_t* LinePixels(int number) {
+    return mLinePixels.data() + static_cast<std::ptrdiff_t>(number) * mLength;
+  }
 
   PixelRect mBounds;
   bool mColumns = false;
@@ -44,14 +55,14 @@ class CoverageAccumulator {
   int mLength = 0;  // pixels in a line
   int mLines = 0;
   int mStride = 0;
-  bool mLeavesEnd = false;                  // some outline goes on beyond the end of its line
   std::vector<std::uint32_t> mDifferences;  // all 0 between drawings
   struct Touched {
     int first;
     int last;
   };
   std::vector<Touched> mTouched;
-  std::vector<std::uint8_t> mColumnPixels;
+  std::vector<LineCoverage> mSummed;      // of the lines of a piece
+  std::vector<std::uint8_t> mLinePixels;  // one line after the other
   CoverageMask mPiece;
 };
 

@@ -18,6 +18,11 @@ struct CoverageMask {
     bounds = newBounds.IsEmpty() ? PixelRect{} : newBounds;
     coverage.assign(static_cast<std::size_t>(bounds.Width()) * static_cast<std::size_t>(bounds.Height()), 0);
   }
+  /// The same for who writes all of it: the coverage is whatever it is.
+  void SetBounds(PixelRect const& newBounds) {
+    bounds = newBounds.IsEmpty() ? PixelRect{} : newBounds;
+    coverage.resize(static_cast<std::size_t>(bounds.Width()) * static_cast<std::size_t>(bounds.Height()));
+  }
   std::uint8_t* Row(int y) {
     return coverage.data() +
            static_cast<std::size_t>(y - bounds.top) * static_cast<std::size_t>(bounds.Width());

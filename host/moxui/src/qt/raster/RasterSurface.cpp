@@ -43,6 +43,11 @@ PixelRect TouchedPixels(RectT<double> const& device) {
           Nearest(std::ceil(device.Right())), Nearest(std::ceil(device.Bottom()))};
 }
 
+// Memory of the pool is as large pages as its size allows, which surfaces gain much by.
+std::uint32_t* PixelsIn(moxcore::utility::RecycledMemory& memory) {
+  return reinterpret_cast<std::uint32_t*>(memory.data());
+}
+
 // The rectangle that a single horizontal or vertical line covers.
 bool IsUprightLine(Polyline const& polyline, double width, RectT<double>& line) {
   if (polyline.points.size() != 2 || polyline.subPaths.size() != 1) {
@@ -63,10 +68,11 @@ bool IsUprightLine(Polyline const& polyline, double width, RectT<double>& line) 
 }  // namespace
 
 RasterSurface::RasterSurface(int pixelWidth, int pixelHeight, double scale)
-    : mOwnPixels(std::make_shared<std::vector<std::uint32_t>>(static_cast<std::size_t>(pixelWidth) *
-                                                              static_cast<std::size_t>(pixelHeight))),
-      mPixels{mOwnPixels->data(), pixelWidth, pixelWidth, pixelHeight, false},
+    : mOwnPixels(moxcore::utility::RecycledMemory::Create(static_cast<std::size_t>(pixelWidth) *
+                                                          static_cast<std::size_t>(pixelHeight) * 4)),
+      mPixels{PixelsIn(*mOwnPixels), pixelWidth, pixelWidth, pixelHeight, false},
       mScale(scale) {
+  std::memset(mOwnPixels->data(), 0, mOwnPixels->size());
   mState.clip = mPixels.Bounds();
 }
 
@@ -155,8 +161,10 @@ void RasterSurface::PrepareToDraw() {
   }
   if (mOwnPixels && mOwnPixels.use_count() > 1) {
     mPainter.reset();
-    mOwnPixels = std::make_shared<std::vector<std::uint32_t>>(*mOwnPixels);
-    mPixels.data = mOwnPixels->data();
+    auto copy = moxcore::utility::RecycledMemory::Create(mOwnPixels->size());
+    std::memcpy(copy->data(), mOwnPixels->data(), copy->size());
+    mOwnPixels = std::move(copy);
+    mPixels.data = PixelsIn(*mOwnPixels);
   }
 }
 
@@ -176,10 +184,9 @@ scriber::ImageP RasterSurface::GetImage() const {
                      mPixels.opaque ? QImage::Format_RGB32 : QImage::Format_ARGB32_Premultiplied);
     return moxcore::utility::MakeIntrusive<RasterImage>(all.copy(), scale);
   }
-  auto* const shared = new std::shared_ptr<std::vector<std::uint32_t>>(mOwnPixels);
-  auto const release = [](void* holder) {
-    delete static_cast<std::shared_ptr<std::vector<std::uint32_t>>*>(holder);
-  };
+  using Holder = std::shared_ptr<moxcore::utility::RecycledMemory>;
+  auto* const shared = new Holder(mOwnPixels);
+  auto const release = [](void* holder) { delete static_cast<Holder*>(holder); };
   QImage const snapshot(bytes, mPixels.width, mPixels.height, rowBytes, QImage::Format_ARGB32_Premultiplied,
                         release, shared);
   return moxcore::utility::MakeIntrusive<RasterImage>(snapshot, scale);

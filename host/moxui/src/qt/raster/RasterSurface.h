@@ -5,6 +5,7 @@
 #include "qt/raster/Polyline.h"
 #include "qt/raster/RasterPath.h"
 
+#include <moxcore/utility/RecycledMemory.h>
 #include <moxui/scriber/SurfaceInterface.h>
 
 #include <QtGui/QImage>
@@ -104,7 +105,8 @@ class RasterSurface final : public scriber::SurfaceInterface {
   void PaintWithin(PixelRect const& wanted, std::function<void(QPainter&)> const& paint);
   QPainter& Painter();
 
-  std::shared_ptr<std::vector<std::uint32_t>> mOwnPixels;  // shared with snapshots until the next drawing
+  std::shared_ptr<moxcore::utility::RecycledMemory>
+      mOwnPixels;  // shared with snapshots until the next drawing
   Pixels mPixels;
   double mScale;
   State mState;

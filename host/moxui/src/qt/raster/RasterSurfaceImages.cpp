@@ -90,14 +90,25 @@ QImage Halved(QImage const& premultiplied) {
 // Alpha bytes of the buffer mean nothing, so it is no matter for QPainter, which would copy them.
 void BlitOpaque(Pixels const& pixels, Blit const& blit) {
   auto const width = static_cast<std::size_t>(blit.area.Width());
+  bool const isLarge = width * 4 * static_cast<std::size_t>(blit.area.Height()) > kLargePicture;
   for (int row = 0; row < blit.area.Height(); ++row) {
     std::uint32_t const* const in = PictureRow(blit.picture, blit.sourceY + row) + blit.sourceX;
     std::uint32_t* const out = pixels.Row(blit.area.top + row) + blit.area.left;
     if (blit.opacity == 255) {
-      CopyOpaqueSpan(out, in, width);
+      (isLarge ? CopyOpaqueSpanPastCaches : CopyOpaqueSpan)(out, in, width);
     } else {
       MixOpaqueSpan(out, in, width, blit.opacity, pixels.opaque ? kOpaqueAlpha : 0u);
     }
+  }
+}
+
+// By ourselves, since QPainter would look at every pixel that is beneath.
+void BlitPremultiplied(Pixels const& pixels, Blit const& blit) {
+  for (int row = 0; row < blit.area.Height(); ++row) {
+    BlendPixelsSpan(pixels.Row(blit.area.top + row) + blit.area.left,
+                    PictureRow(blit.picture, blit.sourceY + row) + blit.sourceX,
+                    static_cast<std::size_t>(blit.area.Width()), blit.opacity,
+                    pixels.opaque ? kOpaqueAlpha : 0u);
   }
 }
 
@@ -235,6 +246,11 @@ void RasterSurface::BlitPicture(QImage const& picture, RectT<double> const& sour
   if (picture.format() == QImage::Format_RGB32 && !mState.pathClip) {
     PrepareToDraw();
     BlitOpaque(mPixels, {picture, sourceX, sourceY, area, opacity});
+    return;
+  }
+  if (picture.format() == QImage::Format_ARGB32_Premultiplied && !mState.pathClip) {
+    PrepareToDraw();
+    BlitPremultiplied(mPixels, {picture, sourceX, sourceY, area, opacity});
     return;
   }
   QRect const part(sourceX, sourceY, area.Width(), area.Height());

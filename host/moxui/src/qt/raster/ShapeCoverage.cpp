@@ -8,6 +8,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <span>
 
 namespace moxui::qt {
 
@@ -20,6 +21,9 @@ CoverageAccumulator& SharedAccumulator() {
 }
 
 constexpr int kRowsAtOnce = 64;
+// Lines of a piece of a stroke, which is thin: what few lines next to one another have of it lies close
+// together, so that pieces hold little else.
+constexpr int kLinesOfStroke = 8;
 
 int Whole(double value) {
   return static_cast<int>(std::clamp(value, -1e9, 1e9));
@@ -44,15 +48,15 @@ Travel TravelOf(Polyline const& polyline, PixelRect const& bounds) {
 }
 
 // Only the rectangle that the lines can touch needs summing up.
-PixelRect TouchedBounds(Polyline const& polyline, double reach, PixelRect const& bounds) {
-  if (polyline.points.empty()) {
+PixelRect TouchedBounds(std::span<PointT<double> const> points, double reach, PixelRect const& bounds) {
+  if (points.empty()) {
     return {};
   }
-  double left = polyline.points[0].x;
+  double left = points[0].x;
   double right = left;
-  double top = polyline.points[0].y;
+  double top = points[0].y;
   double bottom = top;
-  for (PointT<double> const point : polyline.points) {
+  for (PointT<double> const point : points) {
     left = std::min(left, point.x);
     right = std::max(right, point.x);
     top = std::min(top, point.y);
@@ -62,13 +66,56 @@ PixelRect TouchedBounds(Polyline const& polyline, double reach, PixelRect const&
                               Whole(std::ceil(right + reach)), Whole(std::ceil(bottom + reach))});
 }
 
-void Begin(CoverageAccumulator& accumulator, Polyline const& polyline, bool smooth, PixelRect const& bounds) {
-  if (!smooth) {
-    accumulator.BeginUnsmoothed(bounds);
-    return;
-  }
+SweepDirection DirectionFor(Polyline const& polyline, PixelRect const& bounds) {
   Travel const travel = TravelOf(polyline, bounds);
-  accumulator.Begin(bounds, travel.down > travel.across ? SweepDirection::kColumns : SweepDirection::kRows);
+  return travel.down > travel.across ? SweepDirection::kColumns : SweepDirection::kRows;
+}
+
+void Begin(CoverageAccumulator& accumulator, Polyline const& polyline, bool smooth, PixelRect const& bounds) {
+  if (smooth) {
+    accumulator.Begin(bounds, DirectionFor(polyline, bounds));
+  } else {
+    accumulator.BeginUnsmoothed(bounds);
+  }
+}
+
+// A long line that goes to the right from point to point, as curves of functions do.
+bool IsGraph(Polyline const& line) {
+  constexpr std::size_t kLong = 256;
+  if (line.points.size() < kLong || line.subPaths.size() != 1 || line.subPaths[0].closed) {
+    return false;
+  }
+  for (std::size_t i = 1; i < line.points.size(); ++i) {
+    if (!(line.points[i].x - line.points[i - 1].x > StrokeOutline::kTooClose)) {
+      return false;
+    }
+  }
+  return true;
+}
+
+// Strokes a graph some columns at a time, with no more of it than reaches into them: what is worked on stays
+// in the processor's nearest cache.
+void StrokeGraph(std::span<PointT<double> const> points, double width, PixelRect const& bounds,
+                 CoverageConsumer const& consume) {
+  constexpr int kColumnsAtOnce = 64;
+  double const reach = width * StrokeOutline::kFarthestReach;
+  CoverageAccumulator& accumulator = SharedAccumulator();
+  auto const before = [](PointT<double> point, double x) { return point.x < x; };
+  for (int left = bounds.left; left < bounds.right; left += kColumnsAtOnce) {
+    PixelRect const columns{left, bounds.top, std::min(left + kColumnsAtOnce, bounds.right), bounds.bottom};
+    // The ends of the part, which look otherwise than its inner points, are too far away to be seen.
+    auto first = std::lower_bound(points.begin(), points.end(), columns.left - reach, before);
+    auto last = std::lower_bound(first, points.end(), columns.right + reach, before);
+    first -= std::min<std::ptrdiff_t>(first - points.begin(), 1);
+    last += std::min<std::ptrdiff_t>(points.end() - last, 1);
+    std::span<PointT<double> const> const part(first, last);
+    PixelRect const touched = TouchedBounds(part, reach, columns);
+    if (part.size() > 1 && !touched.IsEmpty()) {
+      accumulator.Begin(touched, SweepDirection::kColumns);
+      StrokeOutline(accumulator, width).AddLine(part);
+      accumulator.Finish(scriber::FillRule::kWinding, kLinesOfStroke, consume);
+    }
+  }
 }
 
 double Overlap(double pixel, double from, double to) {
@@ -79,7 +126,7 @@ double Overlap(double pixel, double from, double to) {
 
 void FillCoverage(Polyline const& outline, scriber::FillRule rule, bool smooth, PixelRect const& bounds,
                   CoverageConsumer const& consume) {
-  PixelRect const touched = TouchedBounds(outline, 0.0, bounds);
+  PixelRect const touched = TouchedBounds(outline.points, 0.0, bounds);
   if (touched.IsEmpty()) {
     return;
   }
@@ -92,20 +139,24 @@ void FillCoverage(Polyline const& outline, scriber::FillRule rule, bool smooth, 
       before = outline.points[i];
     }
   }
-  accumulator.Finish(rule, consume);
+  accumulator.Finish(rule, kRowsAtOnce, consume);
 }
 
 void StrokeCoverage(Polyline const& line, double width, bool smooth, PixelRect const& bounds,
                     CoverageConsumer const& consume) {
   double const visible = smooth ? width : std::max(width, 1.0);
-  PixelRect const touched = TouchedBounds(line, visible * StrokeOutline::kFarthestReach, bounds);
+  PixelRect const touched = TouchedBounds(line.points, visible * StrokeOutline::kFarthestReach, bounds);
   if (touched.IsEmpty()) {
+    return;
+  }
+  if (smooth && IsGraph(line) && DirectionFor(line, touched) == SweepDirection::kColumns) {
+    StrokeGraph(line.points, visible, touched, consume);
     return;
   }
   CoverageAccumulator& accumulator = SharedAccumulator();
   Begin(accumulator, line, smooth, touched);
   StrokeOutline(accumulator, visible).Add(line);
-  accumulator.Finish(scriber::FillRule::kWinding, consume);
+  accumulator.Finish(scriber::FillRule::kWinding, kLinesOfStroke, consume);
 }
 
 void RectCoverage(RectT<double> const& rect, PixelRect const& bounds, CoverageConsumer const& consume) {

@@ -8,8 +8,7 @@ namespace moxui::qt {
 namespace {
 
 constexpr double kMiterLimit = 4.0;
-constexpr double kTooClose = 1.0 / 64.0;  // device pixels
-constexpr double kSharpest = -0.5;        // cosine of the turn from which on sides don't simply meet
+constexpr double kSharpest = -0.5;  // cosine of the turn from which on sides don't simply meet
 constexpr double kInvisible = 1.0 / 64.0;
 
 double Dot(PointT<double> a, PointT<double> b) {

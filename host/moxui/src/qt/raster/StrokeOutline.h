@@ -3,6 +3,7 @@
 #include "qt/raster/CoverageAccumulator.h"
 #include "qt/raster/Polyline.h"
 
+#include <span>
 #include <vector>
 
 namespace moxui::qt {
@@ -18,6 +19,10 @@ class StrokeOutline {
       : mAccumulator(accumulator), mHalf(0.5 * width) {}
 
   void Add(Polyline const& polyline);
+  /// A single line, from its first point to the last.
+  void AddLine(std::span<PointT<double> const> points) { AddSubPath(points.data(), points.size(), false); }
+  /// Points that lie no farther apart than this are one.
+  static constexpr double kTooClose = 1.0 / 64.0;  // device pixels
 
  private:
   struct Segment {

@@ -4,7 +4,6 @@
 #include "program/HexColor.h"
 
 #include <moxmediaui/WaveformDraw.h>
-#include <moxui/scriber/RasterSupplier.h>
 #include <moxui/scriber/Scriber.h>
 #include <moxui/scriber/SurfaceInterface.h>
 
@@ -30,8 +29,8 @@ constexpr float kMarkGap = 1.0f;
 constexpr int kLeastMarkWidth = 2;
 constexpr float kVeilShare = 0.7f;
 
-// Draws nothing but waves, in the tones of RMS, on a ground of its own.
-moxmediaui::WaveformDraw RmsDraw(moxmediaui::WaveformDraw const& like, ColorRGBA const& ground) {
+// Draws waves in the tones of RMS.
+moxmediaui::WaveformDraw RmsDraw(moxmediaui::WaveformDraw const& like) {
   moxmediaui::WaveformDraw draw = like;
   auto const toned = [](std::vector<ColorRGBA> colors, ColorRGBA const& on) {
     for (ColorRGBA& color : colors) {
@@ -40,31 +39,12 @@ moxmediaui::WaveformDraw RmsDraw(moxmediaui::WaveformDraw const& like, ColorRGBA
     return colors;
   };
   draw.SetChannelColors(toned(like.GetChannelColors(), like.GetBackgroundColor()));
-  // Where none are set they would be derived from a ground that isn't the wave's.
+  // Where none are set they would be derived from the tone of what isn't selected.
   auto const selected = like.GetSelectionChannelColors();
   draw.SetSelectionChannelColors(
       toned(selected.empty() ? like.GetChannelColors() : selected, like.GetSelectionBackgroundColor()));
-  draw.SetBackgroundColor(ground);
-  draw.SetSelectionBackgroundColor(ground);
-  draw.SetCenterlineColor(ground);
   draw.SetDrawDividers(false);
-  draw.SetHorizontalGridlinePositions({});
-  draw.SetVerticalGridlinePositions({});
   return draw;
-}
-
-using PixelRows = std::vector<std::uint32_t>;
-
-void PaintRms(DrawnWaveform const& drawn, ColumnSpan columns, ColorRGBA const& ground, PixelRows& pixels) {
-  auto const count = static_cast<int>(columns.last - columns.first);
-  pixels.resize(static_cast<std::size_t>(count) * static_cast<std::size_t>(drawn.rows));
-  auto const surface =
-      moxui::scriber::NewRasterSurfaceOver(pixels.data(), count, drawn.rows, count * 4, 1.0f, true);
-  if (surface) {
-    surface->Translate({static_cast<float>(-columns.first), 0.0f});
-    moxui::scriber::Scriber scriber(moxui::scriber::GetRasterSupplier(), surface.Get());
-    RmsDraw(drawn.draw, ground).Draw(&scriber, drawn.rms, {0, 0, drawn.columns, drawn.rows}, drawn.scale);
-  }
 }
 
 }  // namespace
@@ -96,22 +76,15 @@ std::shared_ptr<waveform::WaveformData> RmsPairs(WaveformSettings const& setting
   return std::make_shared<waveform::WaveformData>(peaks.GetProperties(), std::move(pairs));
 }
 
-void MergeRms(WaveformPicture::Piece const& piece, DrawnWaveform const& drawn, RmsPixels& pixels) {
+void PaintRms(WaveformPicture::Piece const& piece, DrawnWaveform const& drawn,
+              moxmediaui::WaveformDraw const& draw) {
   if (!drawn.rms) {
     return;
   }
-  // What looks the same on black and on white is all RMS: no ground, and no edge that lets it through.
-  PaintRms(drawn, piece.columns, {0.0f, 0.0f, 0.0f, 1.0f}, pixels.onBlack);
-  PaintRms(drawn, piece.columns, {1.0f, 1.0f, 1.0f, 1.0f}, pixels.onWhite);
-  std::int64_t const count = piece.columns.last - piece.columns.first;
-  for (std::int64_t row = 0; row < drawn.rows; ++row) {
-    std::uint32_t const* const onBlack = pixels.onBlack.data() + row * count;
-    std::uint32_t const* const onWhite = pixels.onWhite.data() + row * count;
-    std::uint32_t* const shown = piece.pixels + row * piece.pixelsPerRow;
-    for (std::int64_t x = 0; x < count; ++x) {
-      shown[x] = onBlack[x] == onWhite[x] ? onBlack[x] : shown[x];
-    }
-  }
+  moxmediaui::WaveformDraw rms = RmsDraw(draw);
+  rms.SetPeakTarget(
+      {.pixels = piece.viewPixels, .pixelsPerRow = piece.pixelsPerRow, .onlyWholePixels = true});
+  rms.Draw(&piece.scriber, drawn.rms, {0, 0, drawn.columns, drawn.rows}, drawn.scale);
 }
 
 void DrawClipMarks(moxui::scriber::Scriber& scriber, DrawnWaveform const& drawn) {

@@ -22,13 +22,6 @@ namespace playground {
 
 struct WaveformSettings;
 
-// Pixels to paint RMS on, kept from one frame to the next: fresh memory for them would take longer than the
-// painting.
-struct RmsPixels {
-  std::vector<std::uint32_t> onBlack;
-  std::vector<std::uint32_t> onWhite;
-};
-
 // A picture of a waveform, over which more is drawn.
 struct DrawnWaveform {
   moxmediaui::WaveformDraw const& draw;
@@ -51,8 +44,9 @@ std::shared_ptr<moxaudiotoolkit::waveform::WaveformData> RmsPairs(
     moxaudiotoolkit::waveform::ColumnLevels const& levels);
 
 // The RMS of each column within its peaks, in a tone between the wave's and the ground's. Everything that
-// becomes of the peaks (zoom, gain, fade, style, selection) becomes of it.
-void MergeRms(WaveformPicture::Piece const& piece, DrawnWaveform const& waveform, RmsPixels& pixels);
+// becomes of the peaks (zoom, gain, fade, style, selection), as `draw` paints them, becomes of it.
+void PaintRms(WaveformPicture::Piece const& piece, DrawnWaveform const& waveform,
+              moxmediaui::WaveformDraw const& draw);
 
 // A mark at the top of its strip for each column in which a channel clips.
 void DrawClipMarks(moxui::scriber::Scriber& scriber, DrawnWaveform const& waveform);

@@ -5,6 +5,7 @@
 #include "audio/LevelGrid.h"
 #include "audio/LevelOverlay.h"
 #include "program/AppearanceState.h"
+#include "program/InParallel.h"
 #include "program/Localized.h"
 #include "shell/Painting.h"
 
@@ -25,6 +26,74 @@ using moxui::RectT;
 
 // Columns of peaks that are painted at once: what is painted of them stays in the second-level cache.
 constexpr int kColumnsAtOnce = 192;
+
+bool ShowsPeaks(DrawnWaveform const& drawn) {
+  return drawn.data->GetType() == waveform::WaveformDataType::kPeaks;
+}
+
+// Whether the picture is cut to a band for each channel.
+bool HasBandsOfChannels(DrawnWaveform const& drawn) {
+  return !ShowsPeaks(drawn) && drawn.strips && !drawn.settings.layered;
+}
+
+// Those lines of a grid that are in some rows: others would be stroked for nothing.
+std::vector<std::int32_t> GridWithin(std::vector<std::int32_t> positions, std::int64_t first,
+                                     std::int64_t end) {
+  std::erase_if(positions, [=](std::int32_t y) { return y < first || y >= end; });
+  return positions;
+}
+
+// Behind the end of the sound there are no samples: a curve and dots at zero would tell of some.
+void PaintSamples(moxui::scriber::Scriber& scriber, DrawnWaveform const& drawn,
+                  moxmediaui::WaveformDraw const& draw) {
+  moxui::scriber::SurfaceInterface& surface = *scriber.GetSurface();
+  auto const nothing = std::make_shared<WaveformFeed::Data>(
+      waveform::WaveformDataProperties{.channelCount = drawn.data->GetChannelCount()}, std::vector<float>());
+  auto const height = static_cast<float>(drawn.rows);
+  auto const drawWithin = [&](std::shared_ptr<WaveformFeed::Data> const& data, int first, int last) {
+    surface.SaveState();
+    surface.ClipToRect({static_cast<float>(first), 0.0f, static_cast<float>(last - first), height});
+    draw.Draw(&scriber, data, {0, 0, drawn.columns, drawn.rows}, drawn.scale);
+    surface.RestoreState();
+  };
+  drawWithin(drawn.data, 0, drawn.end);
+  drawWithin(nothing, drawn.end, drawn.columns);
+}
+
+// What all threads that paint curves need is worked out by all of them, rather than by each.
+void WorkOutCurve(moxmediaui::WaveformDraw& draw, int columns) {
+  constexpr int kPointsAtOnce = 256;
+  int const points = columns + 1;  // one more than columns
+  draw.ReserveCurve(points);
+  InParallel((points + kPointsAtOnce - 1) / kPointsAtOnce, [&](int part) {
+    draw.WorkOutCurve(part * kPointsAtOnce, std::min((part + 1) * kPointsAtOnce, points));
+  });
+}
+
+// All but the RMS and marks, on a surface whose pixels are the columns.
+void PaintWave(moxui::scriber::Scriber& scriber, DrawnWaveform const& drawn,
+               moxmediaui::WaveformDraw const& draw) {
+  RectT<int> const rect{0, 0, drawn.columns, drawn.rows};
+  bool const showsPeaks = ShowsPeaks(drawn);
+  if (!drawn.strips || (!showsPeaks && draw.GetSelectionWidth() > 0)) {
+    // Rows between selected curves are left as they were, and all of them where the channels don't fit.
+    scriber.GetSurface()->FillRect(RectT<float>(rect), draw.GetBackgroundColor());
+  }
+  if (!showsPeaks && drawn.end < drawn.columns) {
+    PaintSamples(scriber, drawn, draw);
+  } else {
+    draw.Draw(&scriber, drawn.data, rect, drawn.scale);
+  }
+}
+
+void PaintMarks(moxui::scriber::Scriber& scriber, DrawnWaveform const& drawn) {
+  if (drawn.strips && drawn.settings.clipMarks) {
+    DrawClipMarks(scriber, drawn);
+  }
+  if (drawn.strips && drawn.isGrowing) {
+    DrawUnread(scriber, drawn.levels, drawn.draw.GetBackgroundColor(), drawn.columns, drawn.rows);
+  }
+}
 
 }  // namespace
 
@@ -122,7 +191,7 @@ bool WaveformPainter::DrawPicture(moxui::scriber::Scriber& scriber, Viewport con
   DrawnWaveform const drawn = Gather(view, rows, scale);
   SampleSelection const& selection = mSession.Selection();
   ColumnSpan const selected = SelectedColumns(view, selection.Left(), selection.Width());
-  bool const showsPeaks = drawn.data->GetType() == waveform::WaveformDataType::kPeaks;
+  bool const showsPeaks = ShowsPeaks(drawn);
   bool const isFaded = drawn.settings.fadeDirection != FadeDirection::kNone;
   WaveformLook const look{.settings = drawn.settings,
                           .theme = CurrentAppearance().theme,
@@ -134,9 +203,11 @@ bool WaveformPainter::DrawPicture(moxui::scriber::Scriber& scriber, Viewport con
                           .showsSelection = !selected.IsEmpty(),
                           // Curves through samples, and fades, lie at fractions of columns.
                           .left = showsPeaks && !isFaded ? std::nullopt : std::optional(view.Left())};
+  if (!showsPeaks) {
+    WorkOutCurve(mDraw, columns);
+  }
   bool const isUpToDate =
-      mPicture.Update(look, {view.LeftPixel(), selected, mDraw.GetVerticalGridlinePositions()},
-                      showsPeaks ? kColumnsAtOnce : columns,
+      mPicture.Update(look, {view.LeftPixel(), selected, mDraw.GetVerticalGridlinePositions()}, CutOf(drawn),
                       [&](WaveformPicture::Piece const& piece) { PaintPiece(piece, drawn); });
   auto const left = static_cast<float>(first);
   auto const width = static_cast<float>(last - first);
@@ -155,56 +226,38 @@ void WaveformPainter::DrawInPlace(moxui::scriber::Scriber& scriber, RectT<float>
   }
   PrepareDraw(view, rows, 1.0f);
   DrawnWaveform const drawn = Gather(view, rows, 1.0f);
-  PaintWave(scriber, drawn);
+  PaintWave(scriber, drawn, mDraw);
   PaintMarks(scriber, drawn);
 }
 
+WaveformPicture::Cut WaveformPainter::CutOf(DrawnWaveform const& drawn) {
+  if (ShowsPeaks(drawn)) {
+    return {.columnsAtOnce = kColumnsAtOnce};
+  }
+  // A curve is drawn from one edge of the view to the other: its points hang together. Channels don't.
+  WaveformPicture::Cut cut{.columnsAtOnce = drawn.columns};
+  if (HasBandsOfChannels(drawn)) {
+    for (std::size_t channel = 1; channel < drawn.data->GetChannelCount(); ++channel) {
+      cut.bands.push_back(static_cast<std::int64_t>(channel) * drawn.strips->stride);
+    }
+  }
+  return cut;
+}
+
 void WaveformPainter::PaintPiece(WaveformPicture::Piece const& piece, DrawnWaveform const& drawn) {
-  mDraw.SetPaintedColumns(static_cast<int>(piece.columns.first), static_cast<int>(piece.columns.last));
-  PaintWave(piece.scriber, drawn);
+  auto const draw = mDraws.Take(mDraw);
+  draw->SetPaintedColumns(static_cast<int>(piece.columns.first), static_cast<int>(piece.columns.last));
+  draw->SetPeakTarget({.pixels = piece.viewPixels, .pixelsPerRow = piece.pixelsPerRow});
+  if (HasBandsOfChannels(drawn)) {
+    draw->SetPaintedChannels(piece.band, piece.band + 1);
+    draw->SetHorizontalGridlinePositions(
+        GridWithin(mDraw.GetHorizontalGridlinePositions(), piece.firstRow, piece.endRow));
+  }
+  PaintWave(piece.scriber, drawn, *draw);
   if (drawn.strips) {
-    MergeRms(piece, drawn, mRmsPixels);
+    PaintRms(piece, drawn, *draw);
   }
   PaintMarks(piece.scriber, drawn);
-}
-
-void WaveformPainter::PaintWave(moxui::scriber::Scriber& scriber, DrawnWaveform const& drawn) {
-  RectT<int> const rect{0, 0, drawn.columns, drawn.rows};
-  bool const showsPeaks = drawn.data->GetType() == waveform::WaveformDataType::kPeaks;
-  if (!drawn.strips || !showsPeaks) {
-    // Rows between curves are left as they were, and all of them where the channels don't fit.
-    scriber.GetSurface()->FillRect(RectT<float>(rect), mDraw.GetBackgroundColor());
-  }
-  if (!showsPeaks && drawn.end < drawn.columns) {
-    PaintSamples(scriber, drawn);
-  } else {
-    mDraw.Draw(&scriber, drawn.data, rect, drawn.scale);
-  }
-}
-
-// Behind the end of the sound there are no samples: a curve and dots at zero would tell of some.
-void WaveformPainter::PaintSamples(moxui::scriber::Scriber& scriber, DrawnWaveform const& drawn) {
-  moxui::scriber::SurfaceInterface& surface = *scriber.GetSurface();
-  auto const nothing = std::make_shared<WaveformFeed::Data>(
-      waveform::WaveformDataProperties{.channelCount = drawn.data->GetChannelCount()}, std::vector<float>());
-  auto const height = static_cast<float>(drawn.rows);
-  auto const draw = [&](std::shared_ptr<WaveformFeed::Data> const& data, int first, int last) {
-    surface.SaveState();
-    surface.ClipToRect({static_cast<float>(first), 0.0f, static_cast<float>(last - first), height});
-    mDraw.Draw(&scriber, data, {0, 0, drawn.columns, drawn.rows}, drawn.scale);
-    surface.RestoreState();
-  };
-  draw(drawn.data, 0, drawn.end);
-  draw(nothing, drawn.end, drawn.columns);
-}
-
-void WaveformPainter::PaintMarks(moxui::scriber::Scriber& scriber, DrawnWaveform const& drawn) {
-  if (drawn.strips && drawn.settings.clipMarks) {
-    DrawClipMarks(scriber, drawn);
-  }
-  if (drawn.strips && drawn.isGrowing) {
-    DrawUnread(scriber, drawn.levels, mDraw.GetBackgroundColor(), drawn.columns, drawn.rows);
-  }
 }
 
 }  // namespace playground

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "audio/LevelOverlay.h"
+#include "audio/WaveformDrawPool.h"
 #include "audio/WaveformFeed.h"
 #include "audio/WaveformPicture.h"
 
@@ -44,18 +45,17 @@ class WaveformPainter {
   bool DrawPicture(moxui::scriber::Scriber& scriber, Viewport const& view, int rows, float scale);
   // A column to each logical pixel, without a picture and without RMS.
   void DrawInPlace(moxui::scriber::Scriber& scriber, moxui::RectT<float> const& own, Viewport view);
+  // How the picture of it is cut, so that several threads paint it.
+  static WaveformPicture::Cut CutOf(DrawnWaveform const& drawn);
+  // On several threads at once.
   void PaintPiece(WaveformPicture::Piece const& piece, DrawnWaveform const& drawn);
-  // All but the RMS, on a surface whose pixels are the columns.
-  void PaintWave(moxui::scriber::Scriber& scriber, DrawnWaveform const& drawn);
-  void PaintSamples(moxui::scriber::Scriber& scriber, DrawnWaveform const& drawn);
-  void PaintMarks(moxui::scriber::Scriber& scriber, DrawnWaveform const& drawn);
   DrawnWaveform Gather(Viewport const& view, int rows, float scale);
 
   AudioSession const& mSession;
   moxmediaui::WaveformDraw mDraw;
   WaveformFeed mFeed;
   WaveformPicture mPicture;
-  RmsPixels mRmsPixels;
+  WaveformDrawPool mDraws;
 };
 
 }  // namespace playground

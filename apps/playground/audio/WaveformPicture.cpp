@@ -1,6 +1,7 @@
 #include "audio/WaveformPicture.h"
 
 #include "audio/Viewport.h"
+#include "program/InParallel.h"
 
 #include <moxui/scriber/ImageInterface.h>
 #include <moxui/scriber/RasterSupplier.h>
@@ -9,6 +10,7 @@
 #include <moxui/scriber/SurfaceInterface.h>
 
 #include <algorithm>
+#include <atomic>
 #include <cstdlib>
 #include <cstring>
 #include <utility>
@@ -78,6 +80,10 @@ int WaveformPicture::Stride() const {
   return mLook ? mLook->columns + kSpareColumns : 0;
 }
 
+std::uint32_t* WaveformPicture::ViewPixels() const {
+  return reinterpret_cast<std::uint32_t*>(mPixels->data()) + mOffset;
+}
+
 // Whether all that isn't in ChangedColumns can stay, moved by what the view has moved.
 bool WaveformPicture::CanMoveTo(WaveformLook const& look, WaveformPlace const& place) const {
   std::int64_t const shift = place.leftPixel - mPlace.leftPixel;
@@ -123,30 +129,44 @@ void WaveformPicture::Move(std::int64_t shift) {
   std::int64_t const from = shift > 0 ? offset : mOffset;
   std::int64_t const to = shift > 0 ? moved : moved - shift;
   for (std::int64_t row = 0; row < mLook->rows; ++row) {
-    std::uint32_t* const pixels = mPixels->data() + row * Stride();
+    std::uint32_t* const pixels = ViewPixels() - mOffset + row * Stride();
     std::memmove(pixels + to, pixels + from, static_cast<std::size_t>(kept) * sizeof(std::uint32_t));
   }
   mOffset = moved;
 }
 
-bool WaveformPicture::Paint(ColumnSpan columns, int columnsAtOnce, PaintFunction const& paint) {
-  auto const height = static_cast<float>(mLook->rows);
-  for (std::int64_t x = columns.first; x < columns.last; x += columnsAtOnce) {
-    std::int64_t const count = std::min<std::int64_t>(columnsAtOnce, columns.last - x);
-    auto const surface = moxui::scriber::NewRasterSurfaceOver(mPixels->data() + mOffset, mLook->columns,
-                                                              mLook->rows, Stride() * 4, 1.0f, true);
-    if (!surface) {
-      return false;
+std::vector<WaveformPicture::Part> WaveformPicture::PartsOf(std::vector<ColumnSpan> const& spans,
+                                                            Cut const& cut) const {
+  std::vector<Part> parts;
+  for (ColumnSpan const& span : spans) {
+    for (std::int64_t x = span.first; x < span.last; x += cut.columnsAtOnce) {
+      ColumnSpan const columns{x, std::min<std::int64_t>(x + cut.columnsAtOnce, span.last)};
+      for (std::size_t band = 0; band < cut.bands.size(); ++band) {
+        bool const isLast = band + 1 == cut.bands.size();
+        parts.push_back({columns, static_cast<int>(band), cut.bands[band],
+                         isLast ? std::int64_t{mLook->rows} : cut.bands[band + 1]});
+      }
     }
-    surface->ClipToRect({static_cast<float>(x), 0.0f, static_cast<float>(count), height});
-    moxui::scriber::Scriber scriber(moxui::scriber::GetRasterSupplier(), surface.Get());
-    paint({scriber, {x, x + count}, mPixels->data() + mOffset + x, Stride()});
-    mColumnsPainted += count;
   }
+  return parts;
+}
+
+bool WaveformPicture::Paint(Part const& part, PaintFunction const& paint) const {
+  std::uint32_t* const pixels = ViewPixels();
+  auto const surface =
+      moxui::scriber::NewRasterSurfaceOver(pixels, mLook->columns, mLook->rows, Stride() * 4, 1.0f, true);
+  if (!surface) {
+    return false;
+  }
+  surface->ClipToRect({static_cast<float>(part.columns.first), static_cast<float>(part.firstRow),
+                       static_cast<float>(part.columns.last - part.columns.first),
+                       static_cast<float>(part.endRow - part.firstRow)});
+  moxui::scriber::Scriber scriber(moxui::scriber::GetRasterSupplier(), surface.Get());
+  paint({scriber, part.columns, part.band, part.firstRow, part.endRow, pixels, Stride()});
   return true;
 }
 
-bool WaveformPicture::Update(WaveformLook const& look, WaveformPlace const& place, int columnsAtOnce,
+bool WaveformPicture::Update(WaveformLook const& look, WaveformPlace const& place, Cut const& cut,
                              PaintFunction const& paint) {
   std::vector<ColumnSpan> changed{{0, look.columns}};
   if (CanMoveTo(look, place)) {
@@ -155,34 +175,39 @@ bool WaveformPicture::Update(WaveformLook const& look, WaveformPlace const& plac
   } else {
     mLook = look;
     mOffset = 0;
-    std::size_t const size = static_cast<std::size_t>(Stride()) * static_cast<std::size_t>(look.rows);
+    std::size_t const size = static_cast<std::size_t>(Stride()) * static_cast<std::size_t>(look.rows) * 4;
     // An image that somebody keeps keeps its pixels.
     if (!mPixels || mPixels.use_count() > 1 || mPixels->size() != size) {
-      mPixels = std::make_shared<Pixels>(size);
+      mPixels = moxcore::utility::RecycledMemory::Create(size);
     }
   }
   mPlace = place;
-  auto const current = std::exchange(mLook, std::nullopt);  // unless all of it gets painted
-  mLook = current;
   for (ColumnSpan const& span : changed) {
-    try {
-      if (!Paint(span, columnsAtOnce, paint)) {
-        mLook.reset();
-        return false;
-      }
-    } catch (...) {
-      mLook.reset();
-      throw;
-    }
+    mColumnsPainted += span.last - span.first;
   }
-  return true;
+  std::vector<Part> const parts = PartsOf(changed, cut);
+  std::atomic<bool> isPainted = true;
+  try {
+    InParallel(static_cast<int>(parts.size()), [&](int index) {
+      if (!Paint(parts[static_cast<std::size_t>(index)], paint)) {
+        isPainted = false;
+      }
+    });
+  } catch (...) {
+    mLook.reset();
+    throw;
+  }
+  if (!isPainted) {
+    mLook.reset();
+  }
+  return isPainted;
 }
 
 bool WaveformPicture::Draw(moxui::scriber::Scriber& scriber, ColumnSpan columns,
                            RectT<float> const& destination) const {
   auto const image = scriber.GetSupplier()->NewImage(mLook->columns, mLook->rows, Stride() * 4,
-                                                     moxui::scriber::PixelFormat::kBGRX32,
-                                                     mPixels->data() + mOffset, [kept = mPixels](void*) {});
+                                                     moxui::scriber::PixelFormat::kBGRX32, ViewPixels(),
+                                                     [kept = mPixels](void*) {});
   if (!image) {
     return false;
   }

@@ -4,6 +4,7 @@
 #include "audio/WaveformSettings.h"
 #include "program/Appearance.h"
 
+#include <moxcore/utility/RecycledMemory.h>
 #include <moxui/geometry/RectT.h>
 
 #include <cstddef>
@@ -60,19 +61,29 @@ ColumnSpan SelectedColumns(Viewport const& view, std::int64_t left, std::int64_t
 // when all is painted.
 class WaveformPicture {
  public:
-  // Some columns that are to be painted: a surface whose units are columns and rows of the view, clipped to
-  // them, and their pixels, opaque, which may be written in the surface's stead.
+  // A part that is to be painted, some columns of a band: a surface whose units are columns and rows of the
+  // view, clipped to it, and its pixels, opaque, which may be written in the surface's stead.
   struct Piece {
     moxui::scriber::Scriber& scriber;
     ColumnSpan columns;
-    std::uint32_t* pixels = nullptr;  // of the first column and row
-    int pixelsPerRow = 0;             // from row to row
+    int band = 0;
+    std::int64_t firstRow = 0;
+    std::int64_t endRow = 0;
+    std::uint32_t* viewPixels = nullptr;  // of the view's first column and row
+    int pixelsPerRow = 0;                 // from row to row
   };
   using PaintFunction = std::function<void(Piece const& piece)>;
 
-  // Brings the picture up to date. Columns that have to be painted are painted `columnsAtOnce` at most in one
-  // go. False where there is no surface to be had. What `paint` throws leaves an empty picture.
-  bool Update(WaveformLook const& look, WaveformPlace const& place, int columnsAtOnce,
+  // How what has to be painted is cut to pieces.
+  struct Cut {
+    int columnsAtOnce = 1;                  // at most
+    std::vector<std::int64_t> bands = {0};  // the first row of each, from 0 on
+  };
+
+  // Brings the picture up to date. `paint` is called for one piece after the other, on this thread and on
+  // others at the same time. False where there is no surface to be had. What `paint` throws leaves an empty
+  // picture.
+  bool Update(WaveformLook const& look, WaveformPlace const& place, Cut const& cut,
               PaintFunction const& paint);
   // Draws columns of the picture, pixel by pixel, at `destination`; false when there is no image to be had.
   bool Draw(moxui::scriber::Scriber& scriber, ColumnSpan columns,
@@ -82,18 +93,24 @@ class WaveformPicture {
   std::int64_t ColumnsPainted() const { return mColumnsPainted; }
 
  private:
-  using Pixels = std::vector<std::uint32_t>;
-
   bool CanMoveTo(WaveformLook const& look, WaveformPlace const& place) const;
   void Move(std::int64_t shift);
   std::vector<ColumnSpan> ChangedColumns(WaveformPlace const& place) const;
-  bool Paint(ColumnSpan columns, int columnsAtOnce, PaintFunction const& paint);
+  struct Part {
+    ColumnSpan columns;
+    int band = 0;
+    std::int64_t firstRow = 0;
+    std::int64_t endRow = 0;
+  };
+  std::vector<Part> PartsOf(std::vector<ColumnSpan> const& spans, Cut const& cut) const;
+  bool Paint(Part const& part, PaintFunction const& paint) const;
   int Stride() const;
+  std::uint32_t* ViewPixels() const;
 
   std::optional<WaveformLook> mLook;  // nothing: nothing is painted
   WaveformPlace mPlace;
   // Wider than the view, which begins at column mOffset, so that most steps of a scrolling move no pixel.
-  std::shared_ptr<Pixels> mPixels;
+  std::shared_ptr<moxcore::utility::RecycledMemory> mPixels;
   int mOffset = 0;
   std::int64_t mColumnsPainted = 0;
 };

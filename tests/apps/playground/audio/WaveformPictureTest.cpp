@@ -55,7 +55,7 @@ class Stripes {
   bool Show(std::int64_t leftPixel, WaveformPlace place = {}) {
     place.leftPixel = leftPixel;
     std::int64_t const before = mPicture.ColumnsPainted();
-    bool const isShown = mPicture.Update(look, place, 16, [&](WaveformPicture::Piece const& piece) {
+    bool const isShown = mPicture.Update(look, place, cut, [&](WaveformPicture::Piece const& piece) {
       EXPECT_EQ(piece.scriber.GetSurface()->GetClipBounds().left, static_cast<float>(piece.columns.first));
       for (int x = 0; x < kColumns; ++x) {
         piece.scriber.GetSurface()->FillRect({static_cast<float>(x), 0.0f, 1.0f, kRows},
@@ -82,6 +82,7 @@ class Stripes {
   WaveformPicture& Picture() { return mPicture; }
 
   WaveformLook look{.columns = kColumns, .rows = kRows};
+  WaveformPicture::Cut cut{.columnsAtOnce = 16};
   std::int64_t painted = 0;  // columns, by the last Show
 
  private:
@@ -161,7 +162,7 @@ TEST(WaveformPicture, APaintingThatFailsLeavesNothingBehind) {
   Stripes stripes;
   stripes.Show(0);
   auto const fail = [](WaveformPicture::Piece const&) { throw std::runtime_error("no"); };
-  EXPECT_THROW(stripes.Picture().Update(stripes.look, {.leftPixel = 3}, 16, fail), std::runtime_error);
+  EXPECT_THROW(stripes.Picture().Update(stripes.look, {.leftPixel = 3}, stripes.cut, fail), std::runtime_error);
   stripes.Show(3);
   EXPECT_EQ(stripes.painted, kColumns);
 }

@@ -3,6 +3,7 @@
 #include "../Lanes.h"
 
 #include <algorithm>
+#include <bit>
 #include <cstring>
 
 namespace moxaudiotoolkit {
@@ -76,12 +77,26 @@ void PackSquares(const float* sums, std::size_t count, float framesPerPoint, std
 }
 
 bool ArePairsInOrder(const std::int16_t* pairs, std::size_t pairCount) {
-  // Without a jump, so that it is done many at a time.
-  std::int16_t wrong = 0;
-  for (std::size_t i = 0; i < pairCount; ++i) {
-    wrong = static_cast<std::int16_t>(wrong | (pairs[2 * i] > pairs[2 * i + 1] ? 1 : 0));
+  std::size_t i = 0;
+  bool isWrong = false;
+  if (std::endian::native == std::endian::little) {
+    // A pair as one number has the larger value above the smaller: moved up, the smaller may not be more.
+    using Numbers = std::int32_t __attribute__((vector_size(16)));
+    constexpr std::size_t kPairs = 4;
+    Numbers wrong{};
+    for (; i + 2 * kPairs <= pairCount; i += 2 * kPairs) {
+      Numbers first;
+      Numbers second;
+      std::memcpy(&first, pairs + 2 * i, sizeof first);
+      std::memcpy(&second, pairs + 2 * (i + kPairs), sizeof second);
+      wrong |= ((first << 16) > first) | ((second << 16) > second);
+    }
+    isWrong = (wrong[0] | wrong[1] | wrong[2] | wrong[3]) != 0;
   }
-  return wrong == 0;
+  for (; i < pairCount; ++i) {
+    isWrong = isWrong || pairs[2 * i] > pairs[2 * i + 1];
+  }
+  return !isWrong;
 }
 
 void ReducePoints(const PointColumns& points, std::size_t count, const PointColumns& reduced) {

@@ -169,12 +169,10 @@ class SampleFetcher::Worker {
 
   // Where a jump is a decoding of all that lies before, it is done in steps, so that it can be left.
   bool WindTo(Samples const& wish, std::uint64_t number, std::int64_t piece) {
-    if (wish.source->JumpsFast()) {
-      return true;
-    }
-    if (mWound != wish.source || mPosition > wish.range.begin) {
+    std::int64_t const start = wish.source->FindStart(wish.range.begin);
+    if (mWound != wish.source || mPosition > wish.range.begin || mPosition < start) {
       mWound = wish.source;
-      mPosition = 0;
+      mPosition = start;
     }
     auto const channels = static_cast<std::size_t>(wish.source->GetProperties().channelCount);
     std::vector<float> skipped(static_cast<std::size_t>(piece) * channels);

@@ -1,4 +1,5 @@
 #include "HarmlessSamples.h"
+#include "PlaceMarks.h"
 #include "SoundFileHandle.h"
 
 #include <moxaudiotoolkit/AudioFile.h>
@@ -52,8 +53,9 @@ void CheckHeader(const SoundFileHeader& header, const std::string& name) {
 
 class AudioFile::Reader {
  public:
-  Reader(std::string name, SoundFileHandle::Bytes bytes, const std::atomic<bool>* cancelled)
-      : mName(std::move(name)), mBytes(std::move(bytes)) {
+  Reader(std::string name, SoundFileHandle::Bytes bytes, const std::atomic<bool>* cancelled,
+         std::shared_ptr<PlaceMarks> marks)
+      : mName(std::move(name)), mBytes(std::move(bytes)), mMarks(std::move(marks)) {
     Reopen();
     const SoundFileHeader& header = mHandle->GetHeader();
     CheckHeader(header, mName);
@@ -67,6 +69,22 @@ class AudioFile::Reader {
     const bool known = header.frames != std::numeric_limits<std::int64_t>::max();
     mProperties.frames = known ? header.frames : CountFrames(MostFramesIn(header.byteCount), cancelled);
     mProperties.duration = static_cast<double>(mProperties.frames) / mProperties.sampleRate;
+    if (!mSeekable && !mMarks) {
+      mMarks = std::make_shared<PlaceMarks>(mProperties.channelCount);
+    }
+  }
+
+  std::unique_ptr<Reader> OpenAgain() const {
+    return std::make_unique<Reader>(mName, mBytes, nullptr, mMarks);
+  }
+  std::int64_t GetDecodedFrames() const { return mDecodedFrames; }
+
+  std::int64_t FindStart(std::int64_t frame) const {
+    if (mSeekable) {
+      return frame;
+    }
+    const auto mark = mMarks->FindMark(frame);
+    return mark ? *mark + PlaceMarks::kSearchFrames : 0;
   }
 
   const AudioFileProperties& GetProperties() const { return mProperties; }
@@ -80,7 +98,7 @@ class AudioFile::Reader {
     std::int64_t done = 0;
     while (done < frameCount) {
       const std::int64_t got =
-          mHandle->Read(destination + done * mProperties.channelCount, frameCount - done);
+          Decode(destination + done * mProperties.channelCount, frameCount - done, firstFrame + done);
       if (got == 0) {
         ThrowTruncated(firstFrame + done);
       }
@@ -100,19 +118,63 @@ class AudioFile::Reader {
     mPosition = 0;
   }
 
+  // The next frames, of which the first is `frame`.
+  std::int64_t Decode(float* destination, std::int64_t frameCount, std::int64_t frame) {
+    const std::int64_t got = mHandle->Read(destination, frameCount);
+    mDecodedFrames += got;
+    if (mMarks) {
+      mMarks->Note(frame, {destination, static_cast<std::size_t>(got * mProperties.channelCount)});
+    }
+    return got;
+  }
+
   void MoveTo(std::int64_t frame) {
     const std::int64_t start = std::max<std::int64_t>(frame - mHandle->GetHeader().preroll, 0);
+    if (!mSeekable) {
+      JumpToMark(frame);
+    }
     if (!mPosition || *mPosition > frame || (mSeekable && *mPosition < start)) {
       StartFrom(start);
     }
     std::vector<float> skipped(*mPosition < frame ? kChunkFloats : 0);
     while (*mPosition < frame) {
       const std::int64_t wanted = std::min(frame - *mPosition, ChunkFrames(mProperties.channelCount));
-      const std::int64_t got = mHandle->Read(skipped.data(), wanted);
+      const std::int64_t got = Decode(skipped.data(), wanted, *mPosition);
       if (got == 0) {
         ThrowTruncated(*mPosition);
       }
       *mPosition += got;
+    }
+  }
+
+  // Goes to a place before `frame` that was decoded earlier, if that is nearer; where it can't be found the
+  // position is unknown.
+  void JumpToMark(std::int64_t frame) {
+    const auto mark = mMarks->FindMark(frame);
+    const bool isNearer = mark && (!mPosition || *mPosition > frame || *mPosition < *mark);
+    if (!isNearer) {
+      return;
+    }
+    mPosition.reset();
+    if (!mHandle->Seek(std::max<std::int64_t>(*mark - PlaceMarks::kFarthestMiss, 0))) {
+      return;
+    }
+    const auto channelCount = static_cast<std::size_t>(mProperties.channelCount);
+    std::vector<float> around(static_cast<std::size_t>(PlaceMarks::kSearchFrames) * channelCount);
+    std::int64_t count = 0;
+    while (count < PlaceMarks::kSearchFrames) {
+      const std::int64_t got = mHandle->Read(around.data() + static_cast<std::size_t>(count) * channelCount,
+                                             PlaceMarks::kSearchFrames - count);
+      if (got == 0) {
+        break;
+      }
+      count += got;
+    }
+    mDecodedFrames += count;
+    const auto place = mMarks->FindIn(
+        std::span<const float>(around).first(static_cast<std::size_t>(count) * channelCount), *mark);
+    if (place) {
+      mPosition = *mark - *place + count;
     }
   }
 
@@ -167,19 +229,35 @@ class AudioFile::Reader {
   std::optional<SoundFileHandle> mHandle;
   bool mSeekable = false;
   std::optional<std::int64_t> mPosition;  // frame that comes next; unknown after an error
+  std::int64_t mDecodedFrames = 0;
+  std::shared_ptr<PlaceMarks> mMarks;  // null where jumps are exact
   AudioFileProperties mProperties;
 };
 
 AudioFile::AudioFile(const std::string& path, const std::atomic<bool>* cancelled)
-    : mReader(std::make_unique<Reader>(path, nullptr, cancelled)) {}
+    : mReader(std::make_unique<Reader>(path, nullptr, cancelled, nullptr)) {}
 
 AudioFile::AudioFile(std::vector<std::uint8_t> bytes, const std::string& name)
     : mReader(std::make_unique<Reader>(
-          name, std::make_shared<const std::vector<std::uint8_t>>(std::move(bytes)), nullptr)) {}
+          name, std::make_shared<const std::vector<std::uint8_t>>(std::move(bytes)), nullptr, nullptr)) {}
+
+AudioFile::AudioFile(std::unique_ptr<Reader> reader) : mReader(std::move(reader)) {}
 
 AudioFile::~AudioFile() = default;
 AudioFile::AudioFile(AudioFile&&) noexcept = default;
 AudioFile& AudioFile::operator=(AudioFile&&) noexcept = default;
+
+AudioFile AudioFile::OpenAgain() const {
+  return AudioFile(mReader->OpenAgain());
+}
+
+std::int64_t AudioFile::FindStart(std::int64_t frame) const {
+  return mReader->FindStart(frame);
+}
+
+std::int64_t AudioFile::GetDecodedFrames() const {
+  return mReader->GetDecodedFrames();
+}
 
 const AudioFileProperties& AudioFile::GetProperties() const {
   return mReader->GetProperties();

@@ -24,15 +24,17 @@ struct AudioFileProperties {
   int channelCount = 0;
   std::string format;     // container and encoding in words, for display
   double duration = 0.0;  // seconds
-  bool jumpsFast = true;  // false where a jump is a decoding of all that lies before
-  int integerBits = 0;    // of whole-number samples kept without loss; 0 for all others
+  bool jumpsFast =
+      true;             // false where a jump is a decoding of all that lies before, if that was never decoded
+  int integerBits = 0;  // of whole-number samples kept without loss; 0 for all others
 };
 
 // A sound file, open for reading: WAV, AIFF, FLAC, Ogg Vorbis, Opus, MP3 and what else of that kind can be
 // decoded. Samples are floats with full scale 1.0, whatever the file holds; files of any length are read
 // piece by piece. Contents are never trusted: memory is taken for samples that were read, not for those that
 // a header promises. Every range gives the samples that a reading of the whole would; in a few encodings (Ogg
-// Vorbis, old telephone codecs) a jump costs a decoding from the start. Operations throw AudioFileError. Not
+// Vorbis, old telephone codecs) a jump costs a decoding from the start, in Ogg Vorbis only to where the file
+// was never decoded before. Operations throw AudioFileError. Not
 // for use from two threads at once.
 class AudioFile {
  public:
@@ -49,6 +51,15 @@ class AudioFile {
   // The path or name as given.
   const std::string& GetName() const;
 
+  // The same file once more, for another thread or another place. Both know what the other has decoded, and
+  // so where they can jump. Throws as the constructor does.
+  AudioFile OpenAgain() const;
+  // Where decoding has to begin to get at `frame`, as far as is known by now: there itself where jumps are
+  // fast.
+  std::int64_t FindStart(std::int64_t frame) const;
+  // How many frames were decoded so far for what was read, and on the way there.
+  std::int64_t GetDecodedFrames() const;
+
   // Reads frames from `firstFrame` on into `destination`, channels interleaved, as many whole frames as it
   // holds. Returns the number of frames read, smaller only where the file ends. A file that ends before its
   // promised length, or shrinks while it is read, is a kTruncated error. Throws std::out_of_range when
@@ -59,6 +70,8 @@ class AudioFile {
 
  private:
   class Reader;
+  explicit AudioFile(std::unique_ptr<Reader> reader);
+
   std::unique_ptr<Reader> mReader;
 };
 

@@ -26,12 +26,12 @@ class DecodedFileSource : public SampleSource {
       : SampleSource(properties), mPeakFile(std::move(file)) {}
 
   bool IsParallel() const override { return false; }
-  bool JumpsFast() const override { return mPeakFile.GetProperties().jumpsFast; }
+  std::int64_t FindStart(std::int64_t frame) const override { return mPeakFile.FindStart(frame); }
 
   void ReadInterleaved(std::int64_t firstFrame, std::span<float> destination) const override {
     const std::lock_guard lock(mViewMutex);
     if (!mViewFile) {
-      mViewFile = std::make_unique<AudioFile>(GetName());
+      mViewFile = std::make_unique<AudioFile>(mPeakFile.OpenAgain());
       if (mViewFile->GetProperties().channelCount != GetProperties().channelCount) {
         mViewFile.reset();
         ThrowReplaced();

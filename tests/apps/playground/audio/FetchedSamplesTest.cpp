@@ -144,7 +144,7 @@ TEST(SampleFetcher, ReadsItsWayToWhereAJumpIsNotToBeHad) {
   class Tape : public MadeUpSound {
    public:
     using MadeUpSound::MadeUpSound;
-    bool JumpsFast() const override { return false; }
+    std::int64_t FindStart(std::int64_t) const override { return 0; }
     void ReadInterleaved(std::int64_t firstFrame, std::span<float> destination) const override {
       jumped = jumped || (firstFrame != 0 && firstFrame != next);
       next = firstFrame + static_cast<std::int64_t>(destination.size()) / 2;

@@ -41,9 +41,10 @@ class SampleSource {
   // False where reading is a decoding from one end to the other, which more threads don't speed up and which
   // is best left to one that goes forward.
   virtual bool IsParallel() const { return true; }
-  // False where reading elsewhere than behind the last reading decodes all that lies before: whoever wants to
-  // be able to stop reads its way there in pieces.
-  virtual bool JumpsFast() const { return true; }
+  // Where reading elsewhere than behind the last reading has to begin decoding to get at `frame`: before it
+  // where a jump is a decoding of what lies before. Whoever wants to be able to stop reads its way from there
+  // in pieces.
+  virtual std::int64_t FindStart(std::int64_t frame) const { return frame; }
 
   // Fills `destination`, channels interleaved, with whole frames from `firstFrame` on, all of which lie
   // within the audio. Throws when they can't be read.

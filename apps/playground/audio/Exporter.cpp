@@ -1,7 +1,7 @@
 #include "audio/Exporter.h"
 
 #include "audio/AudioSession.h"
-#include "audio/SelectionExport.h"
+#include "exporting/SelectionExport.h"
 #include "program/Localized.h"
 
 #include <moxaudiotoolkit/peaks/PeakPyramid.h>

@@ -1,4 +1,4 @@
-#include "audio/SelectionExport.h"
+#include "exporting/SelectionExport.h"
 #include "playground/SoundFiles.h"
 #include "playground/TemporaryFolder.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "audio/FileExport.h"
+#include "exporting/FileExport.h"
 
 #include <cstddef>
 #include <cstdint>

@@ -1,4 +1,4 @@
-#include "audio/FileExport.h"
+#include "exporting/FileExport.h"
 
 #include "program/Localized.h"
 

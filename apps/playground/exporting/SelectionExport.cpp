@@ -1,4 +1,4 @@
-#include "audio/SelectionExport.h"
+#include "exporting/SelectionExport.h"
 
 #include <moxaudiotoolkit/AudioFileError.h>
 #include <moxaudiotoolkit/WaveFileWriter.h>

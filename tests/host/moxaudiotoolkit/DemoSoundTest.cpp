@@ -8,15 +8,21 @@
 namespace moxaudiotoolkit {
 namespace {
 
+// Made once for all tests.
+const DecodedAudio* Sound() {
+  static const auto sound = SynthesiseDemoSound();
+  return sound.get();
+}
+
 TEST(DemoSound, IsTwelveSecondsOfSixChannels) {
-  const auto sound = SynthesiseDemoSound();
+  const auto* const sound = Sound();
   EXPECT_EQ(sound->GetSampleRate(), 48000);
   EXPECT_EQ(sound->GetChannelCount(), 6U);
   EXPECT_DOUBLE_EQ(sound->GetDuration(), 12.0);
 }
 
 TEST(DemoSound, IsTheSameAtEachCall) {
-  const auto first = SynthesiseDemoSound();
+  const auto* const first = Sound();
   const auto second = SynthesiseDemoSound();
   for (std::size_t c = 0; c < first->GetChannelCount(); ++c) {
     EXPECT_TRUE(std::ranges::equal(first->GetSamples(c), second->GetSamples(c))) << c;
@@ -24,7 +30,7 @@ TEST(DemoSound, IsTheSameAtEachCall) {
 }
 
 TEST(DemoSound, EveryChannelIsLoudAndWithinFullScale) {
-  const auto sound = SynthesiseDemoSound();
+  const auto* const sound = Sound();
   for (std::size_t c = 0; c < sound->GetChannelCount(); ++c) {
     const PeakPair peaks = sound->GetPeaks(c, 0, sound->GetFrameCount());
     EXPECT_GT(peaks.maximum, 0.75F) << c;
@@ -35,7 +41,7 @@ TEST(DemoSound, EveryChannelIsLoudAndWithinFullScale) {
 }
 
 TEST(DemoSound, ChannelsDiffer) {
-  const auto sound = SynthesiseDemoSound();
+  const auto* const sound = Sound();
   for (std::size_t a = 0; a < sound->GetChannelCount(); ++a) {
     for (std::size_t b = a + 1; b < sound->GetChannelCount(); ++b) {
       EXPECT_FALSE(std::ranges::equal(sound->GetSamples(a), sound->GetSamples(b))) << a << " and " << b;
@@ -45,7 +51,7 @@ TEST(DemoSound, ChannelsDiffer) {
 
 // Syllables, bursts and clicks have rests between them, so that there is something to see.
 TEST(DemoSound, SpeechBurstsAndClicksHaveRests) {
-  const auto sound = SynthesiseDemoSound();
+  const auto* const sound = Sound();
   for (const std::size_t c : {2U, 4U, 5U}) {
     int rests = 0;
     for (std::int64_t begin = 0; begin < sound->GetFrameCount(); begin += 2400) {

@@ -97,7 +97,7 @@ bool IsGraph(Polyline const& line) {
 // in the processor's nearest cache.
 void StrokeGraph(std::span<PointT<double> const> points, double width, PixelRect const& bounds,
                  CoverageConsumer const& consume) {
-  constexpr int kColumnsAtOnce = 64;
+  constexpr int kColumnsAtOnce = 32;
   double const reach = width * StrokeOutline::kFarthestReach;
   CoverageAccumulator& accumulator = SharedAccumulator();
   auto const before = [](PointT<double> point, double x) { return point.x < x; };

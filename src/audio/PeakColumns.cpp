@@ -92,8 +92,8 @@ MOX_INLINE void FindEdges(PeakStrip const& strip, float const* pairs, int count,
     float const bottomCover = bottom - static_cast<float>(y1);
     edges.topAlpha[i] = static_cast<std::int32_t>(topCover * strip.opacity * 255.0f) & 255;
     edges.bottomAlpha[i] = static_cast<std::int32_t>(bottomCover * strip.opacity * 255.0f) & 255;
-    edges.topRow[i] = (y0 > first) & (y0 < end) ? y0 - 1 : -1;
-    edges.bottomRow[i] = (y1 > first) & (y1 < end) ? y1 : -1;
+    edges.topRow[i] = ((y0 > first) & (y0 < end)) ? y0 - 1 : -1;
+    edges.bottomRow[i] = ((y1 > first) & (y1 < end)) ? y1 : -1;
     edges.bodyStart[i] = std::max(y0, first);
     edges.bodyEnd[i] = std::min(y1, end);
   }

@@ -248,7 +248,8 @@ void RasterSurface::BlitPicture(QImage const& picture, RectT<double> const& sour
     BlitOpaque(mPixels, {picture, sourceX, sourceY, area, opacity});
     return;
   }
-  if (picture.format() == QImage::Format_ARGB32_Premultiplied && !mState.pathClip) {
+  // QPainter is quick where layers are laid down as they are.
+  if (picture.format() == QImage::Format_ARGB32_Premultiplied && !mState.pathClip && opacity != 255) {
     PrepareToDraw();
     BlitPremultiplied(mPixels, {picture, sourceX, sourceY, area, opacity});
     return;

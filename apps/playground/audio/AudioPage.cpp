@@ -42,7 +42,6 @@ using moxui::ui::FontIndex;
 using moxui::ui::ThemeColorID;
 
 constexpr float kPanelWidth = 316.0f;
-constexpr float kGutterWidth = 44.0f;
 constexpr float kRulerHeight = 20.0f;
 constexpr float kOverviewHeight = 40.0f;
 constexpr float kLineHeight = 20.0f;
@@ -217,7 +216,7 @@ void AudioPage::ShowState(std::size_t state) {
 
 void AudioPage::SessionChanged(SessionChanges changes) {
   mPlayback->SessionChanged(changes);
-  if (changes.Has(SessionChange::kDocument)) {
+  if (changes.HasAny(SessionChange::kDocument | SessionChange::kLayout)) {
     DocumentChanged();
     return;
   }
@@ -330,8 +329,8 @@ RectT<float> AudioPage::WaveformFrame() const {
   float const top = 8.0f + 24.0f + 8.0f + NoticesHeight() + kRulerHeight;
   float const bottom =
       own.height - 4.0f - 2.0f * kLineHeight - 4.0f - ControlHeight() - 8.0f - kOverviewHeight - 8.0f;
-  float const left = kPanelPadding + kGutterWidth;
   float const right = own.width - kPanelWidth - kPanelPadding;
+  float const left = kPanelPadding + mGutter->WidthFor(right - kPanelPadding);
   return {left, top, std::max(OnGrid(right - left), 0.0f), std::max(OnGrid(bottom - top), 0.0f)};
 }
 
@@ -365,7 +364,7 @@ void AudioPage::LayOut() {
 
   RectT<float> const wave = WaveformFrame();
   place(*mRuler, {wave.left, wave.top - kRulerHeight, wave.width, kRulerHeight});
-  place(*mGutter, {kPanelPadding, wave.top, kGutterWidth, wave.height});
+  place(*mGutter, {kPanelPadding, wave.top, wave.left - kPanelPadding, wave.height});
   place(*mWaveform, wave);
   place(*mOverview, {wave.left, wave.Bottom() + 8.0f, wave.width, kOverviewHeight});
   place(*mPlayback->Line(), wave);

@@ -369,7 +369,7 @@ PropertyGroup Colors(Maker const& make) {
                              &WaveformSettings::deriveSelectionColors))}};
 }
 
-PropertyGroup Channels(Maker const& make, std::size_t count) {
+PropertyGroup Channels(Maker const& make, AudioSession const& session) {
   PropertyGroup group{
       Text("$$$/playground/audio/group/channels=Channels"),
       {make.Toggle("coloredChannels", Text("$$$/playground/audio/coloredChannels=A colour for each channel"),
@@ -381,8 +381,8 @@ PropertyGroup Channels(Maker const& make, std::size_t count) {
                                 &WaveformSettings::selectedWaveColor, SelectedChannelColorOf))}};
   // Thousands of rows would be no panel; the gutter beside the waveform has switches and colours for all.
   constexpr std::size_t kMostChannels = 32;
-  for (std::size_t channel = 0; channel < std::min(count, kMostChannels); ++channel) {
-    std::string const name = ChannelName(channel, count);
+  for (std::size_t channel = 0; channel < std::min(session.Current().ChannelCount(), kMostChannels); ++channel) {
+    std::string const name = ChannelName(session, channel);
     std::string const id = "channel" + std::to_string(channel + 1);
     group.properties.push_back(make.ChannelToggle(channel, name));
     group.properties.push_back(
@@ -404,7 +404,7 @@ std::vector<PropertyGroup> AudioProperties(AudioSession& session, ThemeChoice th
   Maker const make(session, theme);
   std::vector<PropertyGroup> groups{Wave(make),   Level(make),
                                     Fade(make),   Lines(make),
-                                    Colors(make), Channels(make, session.Current().ChannelCount())};
+                                    Colors(make), Channels(make, session)};
   // Without a sound only the colour that stands for that shows.
   for (PropertyGroup& group : groups) {
     for (Property& property : group.properties) {

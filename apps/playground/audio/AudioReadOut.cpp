@@ -67,7 +67,7 @@ std::string AudioReadOut(AudioSession const& session, std::optional<int> column,
   for (std::size_t channel = 0; channel < std::min(channels, kMostLevels); ++channel) {
     ShownLevel const shown = level(channel, *column);
     std::string const amplitude =
-        "   " + ShortChannelName(channel, channels) + " " + DecibelNumber(shown.amplitude);
+        "   " + ShortChannelName(session, channel) + " " + DecibelNumber(shown.amplitude);
     both += amplitude + " | " + DecibelNumber(shown.rms);
     amplitudes += amplitude;
   }

@@ -211,6 +211,25 @@ void AudioSession::ChangeSettings(std::function<void(WaveformSettings&)> const& 
   }
 }
 
+moxmediatypes::AudioChannelLayout const& AudioSession::Layout() const {
+  static moxmediatypes::AudioChannelLayout const kNone;
+  auto const chosen = mLayouts.find(mCurrent);
+  // A file may have become another one since.
+  return chosen != mLayouts.end() && chosen->second.size() == Current().ChannelCount() ? chosen->second
+                                                                                       : kNone;
+}
+
+bool AudioSession::SetLayout(moxmediatypes::AudioChannelLayout layout) {
+  if (!HasSound() || layout.size() != Current().ChannelCount()) {
+    return false;
+  }
+  if (layout != Layout()) {
+    mLayouts[mCurrent] = std::move(layout);
+    Tell(SessionChange::kLayout);
+  }
+  return true;
+}
+
 bool AudioSession::IsChannelEnabled(std::size_t channel) const {
   return channel < mSettings.enabledChannels.size() && mSettings.enabledChannels[channel];
 }

@@ -9,6 +9,7 @@
 #include "audio/WaveformSettings.h"
 #include "shell/MainThreadBell.h"
 
+#include <moxmediatypes/AudioChannels.h>
 #include <moxui/geometry/Flags.h>
 
 #include <cstddef>
@@ -31,6 +32,7 @@ inline constexpr unsigned kFailures = 16;  // files that couldn't be opened
 inline constexpr unsigned kPeaks = 32;     // more of the current sound is known, or the work on it goes on
 inline constexpr unsigned kExport = 128;   // an export has begun, or is forgotten
 inline constexpr unsigned kHistory = 256;  // whether there is something to undo or to redo
+inline constexpr unsigned kLayout = 512;   // what the channels are called
 }  // namespace SessionChange
 using SessionChanges = moxui::Flags<unsigned>;
 
@@ -111,6 +113,12 @@ class AudioSession {
   void CancelExport() { mExporter.Cancel(); }
   void DismissExport();
 
+  // What the channels of the current sound are: the layout that was chosen for it, else that of its file;
+  // empty where nobody says.
+  moxmediatypes::AudioChannelLayout const& Layout() const;
+  // Chooses one. False, and nothing changes, unless it has as many channels as the sound.
+  bool SetLayout(moxmediatypes::AudioChannelLayout layout);
+
   // Whether the view is drawn from single samples rather than from peaks.
   bool DrawsSamples() const;
   bool IsChannelEnabled(std::size_t channel) const;
@@ -155,7 +163,8 @@ class AudioSession {
   std::function<void(OpenFailure const&)> mFailureFunction;
   Viewport mView;
   SampleSelection mSelection;
-  std::map<std::size_t, Places> mPlaces;  // by the number of the document
+  std::map<std::size_t, Places> mPlaces;                              // by the number of the document
+  std::map<std::size_t, moxmediatypes::AudioChannelLayout> mLayouts;  // that were chosen
   WaveformSettings mSettings;
   Exporter mExporter;
   void const* mListenerOwner = nullptr;

@@ -23,6 +23,7 @@ namespace playground {
 namespace {
 
 using moxui::RectT;
+using moxui::ui::FontIndex;
 using moxui::ui::PointerAction;
 using moxui::ui::ThemeColorID;
 
@@ -31,6 +32,13 @@ constexpr float kMarkWidth = 4.0f;
 constexpr float kLevelHeight = 11.0f;
 // From the middle of a channel's name to that of a level beside it.
 constexpr float kNameHeight = 14.0f;
+// Names of more channels than a view has room for needn't be measured.
+constexpr std::size_t kMostMeasured = 128;
+constexpr float kNarrowest = 44.0f;
+constexpr float kWidestBrief = 60.0f;
+constexpr float kWidestFull = 120.0f;
+// Names in full take no more than one part of so many.
+constexpr float kShareOfRoom = 5.0f;
 
 }  // namespace
 
@@ -81,7 +89,7 @@ void ChannelGutter::DrawLevels(moxui::scriber::Scriber* scriber, RectT<float> co
     last = y;
     DrawLabel(scriber, To16(line.label),
               Placed({0.0f, y - 10.0f, strip.width - kMarkWidth - 8.0f, 20.0f}, strip.width), Trailing(),
-              moxui::ui::FontIndex::kSmall, ThemeColor(ThemeColorID::kGray7));
+              FontIndex::kSmall, ThemeColor(ThemeColorID::kGray7));
   }
 }
 
@@ -90,7 +98,7 @@ std::size_t ChannelGutter::ItemCount() const {
 }
 
 moxcore::Utf16String ChannelGutter::ItemName(std::size_t channel) const {
-  return To16(ChannelName(channel, ItemCount()));
+  return To16(ChannelName(mSession, channel));
 }
 
 moxcore::Utf16String ChannelGutter::ItemValue(std::size_t channel) const {
@@ -98,9 +106,32 @@ moxcore::Utf16String ChannelGutter::ItemValue(std::size_t channel) const {
                                             : Text16("$$$/playground/value/off=off");
 }
 
+void ChannelGutter::MeasureNames() {
+  auto const width = [](float label) { return std::ceil((label + kMarkWidth + 12.0f) / 4.0f) * 4.0f; };
+  mBriefWidth = kNarrowest;
+  mFullWidth = kNarrowest;
+  std::size_t const named = std::min(mSession.Layout().size(), kMostMeasured);
+  for (std::size_t channel = 0; channel < named; ++channel) {
+    float const brief = LabelWidth(To16(ShortChannelName(mSession, channel)), FontIndex::kSmall);
+    float const full = LabelWidth(To16(ChannelName(mSession, channel)), FontIndex::kSmall);
+    mBriefWidth = std::clamp(width(brief), mBriefWidth, kWidestBrief);
+    mFullWidth = std::clamp(width(full), mFullWidth, kWidestFull);
+  }
+}
+
+float ChannelGutter::WidthFor(float room) const {
+  return mFullWidth <= room / kShareOfRoom ? mFullWidth : mBriefWidth;
+}
+
+std::string ChannelGutter::LabelOf(std::size_t channel) const {
+  bool const isFull = !mSession.Layout().empty() && UI_GetLocalRectF(false).width >= mFullWidth;
+  return isFull ? ChannelName(mSession, channel) : ShortChannelName(mSession, channel);
+}
+
 void ChannelGutter::SessionChanged() {
   mValue = std::min(mValue, std::max<std::size_t>(ItemCount(), 1) - 1);
   SetWantsKeyboardFocus(ItemCount() > 0);
+  MeasureNames();
   ItemsChanged();
 }
 
@@ -138,9 +169,9 @@ void ChannelGutter::UI_Draw(moxui::scriber::Scriber* scriber) const {
     float const middle = strip.Center().y;
     if (middle - last >= kLowestLabel) {
       last = middle;
-      DrawLabel(scriber, To16(ShortChannelName(channel, count)),
+      DrawLabel(scriber, To16(LabelOf(channel)),
                 Placed({0.0f, middle - 10.0f, strip.width - kMarkWidth - 8.0f, 20.0f}, strip.width),
-                Trailing(), moxui::ui::FontIndex::kSmall,
+                Trailing(), FontIndex::kSmall,
                 ThemeColor(enabled ? ThemeColorID::kGray8 : ThemeColorID::kDefaultTextDisabled));
     }
   }
@@ -161,7 +192,7 @@ void ChannelGutter::HoverChanged() {
   UI_SetToolTip(channel ? moxcore::Utf8String(
                               Text("$$$/playground/audio/toggleChannel=@0: click for off and on, right click "
                                    "for a colour",
-                                   {ChannelName(*channel, ItemCount())}))
+                                   {ChannelName(mSession, *channel)}))
                         : moxcore::Utf8String(),
                 400);
 }

@@ -5,6 +5,7 @@
 
 #include <cstddef>
 #include <optional>
+#include <string>
 
 namespace playground {
 
@@ -21,6 +22,11 @@ class ChannelGutter : public ItemControl {
   moxui::RectT<float> StripRect(std::size_t channel) const;
   // The channel that the keys work on.
   std::size_t GetValue() const { return mValue; }
+  // How wide it is to be beside a waveform with so much room for both: enough for the names of a layout in
+  // full, where that doesn't take too much of it.
+  float WidthFor(float room) const;
+  // What stands at a channel: its name, or the short form in a narrow gutter.
+  std::string LabelOf(std::size_t channel) const;
   // The session has changed: other channels, or other places for them.
   void SessionChanged();
 
@@ -43,9 +49,13 @@ class ChannelGutter : public ItemControl {
   void DrawLevels(moxui::scriber::Scriber* scriber, moxui::RectT<float> const& strip) const;
   void GoTo(std::size_t channel);
   void OpenMenu(std::size_t channel);
+  void MeasureNames();
 
   AudioSession& mSession;
   std::size_t mValue = 0;
+  // For names in full and in short; the same without a layout.
+  float mFullWidth = 0.0f;
+  float mBriefWidth = 0.0f;
 };
 
 }  // namespace playground

@@ -1,8 +1,13 @@
 #include "audio/ChannelNames.h"
 
+#include "audio/AudioSession.h"
+#include "channels/LayoutTexts.h"
 #include "program/Localized.h"
 
+#include <moxmediatypes/WaveChannelMask.h>
+
 #include <array>
+#include <cstdint>
 #include <span>
 #include <string_view>
 
@@ -59,6 +64,12 @@ std::span<Speaker const> SpeakersOf(std::size_t channelCount) {
   }
 }
 
+// The places of the same speakers in the mask of a WAV file; 0 where there are none.
+std::uint32_t MaskOf(std::size_t channelCount) {
+  constexpr std::array<std::uint32_t, 9> kMasks{0, 0, 0x3, 0x7, 0x33, 0x37, 0x3F, 0, 0x63F};
+  return channelCount < kMasks.size() ? kMasks[channelCount] : 0;
+}
+
 }  // namespace
 
 std::string ChannelName(std::size_t channel, std::size_t channelCount) {
@@ -71,6 +82,26 @@ std::string ChannelName(std::size_t channel, std::size_t channelCount) {
 std::string ShortChannelName(std::size_t channel, std::size_t channelCount) {
   auto const speakers = SpeakersOf(channelCount);
   return channel < speakers.size() ? Text(speakers[channel].shortName) : std::to_string(channel + 1);
+}
+
+std::string ChannelName(AudioSession const& session, std::size_t channel) {
+  auto const& layout = session.Layout();
+  return channel < layout.size() ? ChannelText(layout, channel)
+                                 : ChannelName(channel, session.Current().ChannelCount());
+}
+
+std::string ShortChannelName(AudioSession const& session, std::size_t channel) {
+  auto const& layout = session.Layout();
+  return channel < layout.size() ? ShortChannelText(layout, channel)
+                                 : ShortChannelName(channel, session.Current().ChannelCount());
+}
+
+moxmediatypes::AudioChannelLayout CustomaryLayout(std::size_t channelCount) {
+  return moxmediatypes::GetLayoutOfWaveMask(MaskOf(channelCount), channelCount);
+}
+
+moxmediatypes::AudioChannelLayout LayoutOfSound(AudioSession const& session) {
+  return session.Layout().empty() ? CustomaryLayout(session.Current().ChannelCount()) : session.Layout();
 }
 
 }  // namespace playground

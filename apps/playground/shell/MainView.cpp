@@ -133,8 +133,14 @@ void MainView::ShowPage(std::size_t page) {
     mPage.Reset();
   }
   mState.stateOfPage = 0;
-  mPage = descriptor.make({mState.audio, mState.transport, mState.log, mState.timecode, mState.curve,
-                           mState.presets, mActions.askWhereToSave});
+  mPage = descriptor.make({.audio = mState.audio,
+                           .transport = mState.transport,
+                           .log = mState.log,
+                           .timecode = mState.timecode,
+                           .channels = mState.channels,
+                           .curve = mState.curve,
+                           .presets = mState.presets,
+                           .askWhereToSave = mActions.askWhereToSave});
   // Below the log, which keeps the order of the keyboard: list, states, page, log.
   ChildInsert(ChildSize() - 1, mPage);
   std::vector<moxcore::Utf16String> tabs;

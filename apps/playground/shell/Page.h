@@ -15,6 +15,7 @@ struct FileRequest;
 namespace playground {
 
 class AudioSession;
+class ChannelDesk;
 class CurveSession;
 class EventLog;
 class TimecodeBench;
@@ -43,6 +44,7 @@ struct PageContext {
   Transport& transport;
   EventLog& log;
   TimecodeBench& timecode;
+  ChannelDesk& channels;
   CurveSession& curve;
   WaveformPresets& presets;
   // Asks the user for the name of a file to write; empty when there is none to be.

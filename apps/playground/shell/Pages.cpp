@@ -1,4 +1,5 @@
 #include "audio/AudioPage.h"
+#include "channels/ChannelsPage.h"
 #include "controls/ControlPages.h"
 #include "curve/CurvePage.h"
 #include "presets/PresetsPage.h"
@@ -30,8 +31,8 @@ PageDescriptor Audio() {
 }
 
 std::vector<PageDescriptor> MakePages() {
-  std::vector<PageDescriptor> pages{Audio(), TimecodePageDescriptor(), CurvePageDescriptor(),
-                                    PresetsPageDescriptor()};
+  std::vector<PageDescriptor> pages{Audio(), ChannelsPageDescriptor(), TimecodePageDescriptor(),
+                                    CurvePageDescriptor(), PresetsPageDescriptor()};
   for (PageDescriptor& page : ControlPages()) {
     pages.push_back(std::move(page));
   }

@@ -2,6 +2,7 @@
 
 #include "audio/AudioSession.h"
 #include "audio/Transport.h"
+#include "channels/ChannelDesk.h"
 #include "curve/CurveSession.h"
 #include "playback/SdlOutput.h"
 #include "presets/WaveformPresets.h"
@@ -19,6 +20,7 @@ struct ProgramState {
   Transport transport{audio, NewSdlOutput()};
   EventLog log;
   TimecodeBench timecode;
+  ChannelDesk channels;
   CurveSession curve;
   WaveformPresets presets;
   Appearance appearance;

@@ -42,6 +42,10 @@ ControlPage& StagedProgram::Controls() const {
   return dynamic_cast<ControlPage&>(*shell.View().GetPage());
 }
 
+ChannelsPage& StagedProgram::Channels() const {
+  return dynamic_cast<ChannelsPage&>(*shell.View().GetPage());
+}
+
 TimecodePage& StagedProgram::Timecode() const {
   return dynamic_cast<TimecodePage&>(*shell.View().GetPage());
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "audio/AudioPage.h"
+#include "channels/ChannelsPage.h"
 #include "controls/ControlPage.h"
 #include "curve/CurvePage.h"
 #include "playground/PresetFolder.h"
@@ -31,6 +32,7 @@ class StagedProgram {
   ControlPage& Controls() const;
   TimecodePage& Timecode() const;
   CurvePage& Curve() const;
+  ChannelsPage& Channels() const;
   AudioSession& Session() { return state.audio; }
   // A point of a node's, in the tree's coordinates, by shares of its extent.
   static moxui::PointT<float> PointIn(moxui::ui::UI_Node const& node, float x, float y = 0.5f);

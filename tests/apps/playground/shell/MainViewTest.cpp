@@ -307,8 +307,9 @@ TEST_P(Reachable, BackwardInTheOppositeOrder) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Pages, Reachable,
-                         testing::Values("audio", "timecode", "curve", "presets", "buttons", "checkbox",
-                                         "popup", "slider", "scroll-view", "hot-text", "text-edit"),
+                         testing::Values("audio", "channels", "timecode", "curve", "presets", "buttons",
+                                         "checkbox", "popup", "slider", "scroll-view", "hot-text",
+                                         "text-edit"),
                          [](auto const& page) {
                            std::string name(page.param);
                            name.erase(std::remove(name.begin(), name.end(), '-'), name.end());

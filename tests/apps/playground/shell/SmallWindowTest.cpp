@@ -33,7 +33,7 @@ TEST_P(SmallWindow, HoldsAllOfAPageWithoutOverlaps) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Pages, SmallWindow,
-                         testing::Combine(testing::Values("curve", "presets"),
+                         testing::Combine(testing::Values("curve", "presets", "channels"),
                                           testing::Values(LookChoice::kClassic, LookChoice::kV7),
                                           testing::Bool()),
                          [](auto const& one) {

@@ -33,7 +33,7 @@ SampleSourceProperties PropertiesOf(SampleSource const* source, PeakPyramid cons
 
 bool IsAnotherSound(SampleSourceProperties const& a, SampleSourceProperties const& b) {
   return a.frames != b.frames || a.sampleRate != b.sampleRate || a.channelCount != b.channelCount ||
-         a.format != b.format;
+         a.format != b.format || a.channelLayout != b.channelLayout;
 }
 
 }  // namespace
@@ -78,6 +78,10 @@ double AudioDocument::Duration() const {
 double AudioDocument::FinestZoom() const {
   // Peaks alone tell nothing of what lies between them.
   return mPyramid && !mSource ? mPyramid->GetFormat().samplesPerPoint : 1.0 / Viewport::kMostColumnsPerSample;
+}
+
+moxmediatypes::AudioChannelLayout AudioDocument::Layout() const {
+  return PropertiesOf(mSource.get(), mPyramid.get()).channelLayout;
 }
 
 std::string AudioDocument::FormatName() const {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <moxaudiotoolkit/peaks/FilePeaks.h>
+#include <moxmediatypes/AudioChannels.h>
 
 #include <cstddef>
 #include <cstdint>
@@ -57,6 +58,8 @@ class AudioDocument {
   int SampleRate() const;          // frames per second; 0 without a sound
   double Duration() const;         // seconds
   std::string FormatName() const;  // container and encoding in words, as the file's reader calls them
+  // What the file says of its channels; empty where it says nothing.
+  moxmediatypes::AudioChannelLayout Layout() const;
 
   // The fewest samples to a column that a picture of it has any use for.
   double FinestZoom() const;

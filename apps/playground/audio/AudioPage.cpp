@@ -190,6 +190,10 @@ bool AudioPage::HandleShortcut(moxui::ui::KeyboardEvent const& event) {
 }
 
 void AudioPage::AskAndExport(ExportKind kind) {
+  if (!ExportProblem(mSession, kind).empty()) {
+    mSession.Export(kind, {});  // which tells of it; what can't be written needs no name
+    return;
+  }
   if (CanExport(mSession, kind) && mAskWhereToSave) {
     moxcore::utility::IntrusivePtr<AudioPage> const alive(this);  // anything may happen meanwhile
     std::string const path = mAskWhereToSave(RequestForExport(mSession, kind));
@@ -321,7 +325,7 @@ std::string AudioPage::FailureText() const {
 // Of the lines about failures and exports.
 float AudioPage::NoticesHeight() const {
   return (mSession.Failures().empty() ? 0.0f : kNoticeHeight) +
-         (mSession.Exports().Current() == nullptr ? 0.0f : kNoticeHeight);
+         (mSession.Exports().HasNews() ? kNoticeHeight : 0.0f);
 }
 
 RectT<float> AudioPage::WaveformFrame() const {

@@ -211,12 +211,11 @@ void AudioSession::ChangeSettings(std::function<void(WaveformSettings&)> const& 
   }
 }
 
-moxmediatypes::AudioChannelLayout const& AudioSession::Layout() const {
-  static moxmediatypes::AudioChannelLayout const kNone;
+moxmediatypes::AudioChannelLayout AudioSession::Layout() const {
   auto const chosen = mLayouts.find(mCurrent);
   // A file may have become another one since.
   return chosen != mLayouts.end() && chosen->second.size() == Current().ChannelCount() ? chosen->second
-                                                                                       : kNone;
+                                                                                       : Current().Layout();
 }
 
 bool AudioSession::SetLayout(moxmediatypes::AudioChannelLayout layout) {

@@ -115,7 +115,7 @@ class AudioSession {
 
   // What the channels of the current sound are: the layout that was chosen for it, else that of its file;
   // empty where nobody says.
-  moxmediatypes::AudioChannelLayout const& Layout() const;
+  moxmediatypes::AudioChannelLayout Layout() const;
   // Chooses one. False, and nothing changes, unless it has as many channels as the sound.
   bool SetLayout(moxmediatypes::AudioChannelLayout layout);
 

@@ -85,13 +85,13 @@ std::string ShortChannelName(std::size_t channel, std::size_t channelCount) {
 }
 
 std::string ChannelName(AudioSession const& session, std::size_t channel) {
-  auto const& layout = session.Layout();
+  auto const layout = session.Layout();
   return channel < layout.size() ? ChannelText(layout, channel)
                                  : ChannelName(channel, session.Current().ChannelCount());
 }
 
 std::string ShortChannelName(AudioSession const& session, std::size_t channel) {
-  auto const& layout = session.Layout();
+  auto const layout = session.Layout();
   return channel < layout.size() ? ShortChannelText(layout, channel)
                                  : ShortChannelName(channel, session.Current().ChannelCount());
 }
@@ -101,7 +101,8 @@ moxmediatypes::AudioChannelLayout CustomaryLayout(std::size_t channelCount) {
 }
 
 moxmediatypes::AudioChannelLayout LayoutOfSound(AudioSession const& session) {
-  return session.Layout().empty() ? CustomaryLayout(session.Current().ChannelCount()) : session.Layout();
+  auto layout = session.Layout();
+  return layout.empty() ? CustomaryLayout(session.Current().ChannelCount()) : layout;
 }
 
 }  // namespace playground

@@ -108,8 +108,7 @@ void ExportBar::UI_SizeChanged(RectT<float> const& rect) {
 void ExportBar::UI_Draw(moxui::scriber::Scriber* scriber) const {
   RectT<float> const own = UI_GetLocalRectF(false);
   moxui::utils::DrawRect(scriber, own, ThemeColor(moxui::ui::ThemeColorID::kGray3));
-  FileExport const* const current = mSession.Exports().Current();
-  if (current != nullptr && current->GetState() == FileExport::State::kFailed) {
+  if (mSession.Exports().HasFailed()) {
     moxui::utils::DrawRect(scriber, Placed({0.0f, 0.0f, kEdgeWidth, own.height}, own.width),
                            {1.0f, 0.0f, 0.0f, 0.75f});
   }

@@ -1,14 +1,17 @@
 #include "audio/Exporter.h"
 
 #include "audio/AudioSession.h"
+#include "channels/LayoutTexts.h"
 #include "exporting/SelectionExport.h"
 #include "program/Localized.h"
 
 #include <moxaudiotoolkit/peaks/PeakPyramid.h>
+#include <moxmediatypes/WaveChannelMask.h>
 
 #include <cmath>
 #include <cstddef>
 #include <filesystem>
+#include <utility>
 #include <vector>
 
 namespace playground {
@@ -22,6 +25,22 @@ std::vector<std::size_t> ChannelsThatAreOn(AudioSession const& session) {
     }
   }
   return channels;
+}
+
+// What a WAV file says of the channels that are on. A sound without a layout says nothing.
+moxmediatypes::WaveMaskResult MaskOfExport(AudioSession const& session) {
+  moxmediatypes::AudioChannelLayout const layout = session.Layout();
+  std::vector<std::size_t> const channels = ChannelsThatAreOn(session);
+  moxmediatypes::AudioChannelLayout written;
+  for (std::size_t const channel : channels) {
+    written.push_back(channel < layout.size() ? layout[channel] : moxmediatypes::AudioChannelDescription());
+  }
+  auto result = moxmediatypes::GetWaveChannelMask(written);
+  if (result.fault != moxmediatypes::WaveMaskFault::kNone) {
+    result.channel = channels[result.channel];
+    result.earlier = channels[result.earlier];
+  }
+  return result;
 }
 
 std::string WaveTitle(AudioSession const& session) {
@@ -66,6 +85,15 @@ bool CanExport(AudioSession const& session, ExportKind kind) {
   return document.Pyramid() && document.Pyramid()->IsComplete() && document.Frames() > 0;
 }
 
+std::string ExportProblem(AudioSession const& session, ExportKind kind) {
+  auto const result = kind == ExportKind::kWave ? MaskOfExport(session) : moxmediatypes::WaveMaskResult();
+  return result.fault == moxmediatypes::WaveMaskFault::kNone
+             ? std::string()
+             : Text(
+                   "$$$/playground/export/refused=Not exported: no WAV file can have this channel layout. @0",
+                   {WaveFaultText(session.Layout(), result)});
+}
+
 moxui::platform::FileRequest RequestForExport(AudioSession const& session, ExportKind kind) {
   moxui::platform::FileRequest request;
   std::filesystem::path const folder = std::filesystem::path(session.Current().Path()).parent_path();
@@ -83,7 +111,16 @@ moxui::platform::FileRequest RequestForExport(AudioSession const& session, Expor
 }
 
 void Exporter::Start(AudioSession const& session, ExportKind kind, std::string const& path) {
-  if (path.empty() || !CanExport(session, kind)) {
+  if (!CanExport(session, kind)) {
+    return;
+  }
+  std::string problem = ExportProblem(session, kind);
+  if (path.empty() && problem.empty()) {
+    return;
+  }
+  mExport.reset();
+  mProblem = std::move(problem);
+  if (!mProblem.empty()) {
     return;
   }
   AudioDocument const& document = session.Current();
@@ -99,7 +136,8 @@ void Exporter::Start(AudioSession const& session, ExportKind kind, std::string c
                                .begin = whole ? 0 : selection.Left(),
                                .end = whole ? document.Frames() : selection.Left() + selection.Width(),
                                .channels = ChannelsThatAreOn(session),
-                               .path = path}));
+                               .path = path,
+                               .channelMask = MaskOfExport(session).mask}));
 }
 
 void Exporter::Cancel() {
@@ -111,6 +149,7 @@ void Exporter::Cancel() {
 void Exporter::Dismiss() {
   if (!IsRunning()) {
     mExport.reset();
+    mProblem.clear();
   }
 }
 
@@ -118,9 +157,13 @@ bool Exporter::IsRunning() const {
   return mExport && mExport->GetState() == FileExport::State::kRunning;
 }
 
+bool Exporter::HasFailed() const {
+  return !mProblem.empty() || (mExport && mExport->GetState() == FileExport::State::kFailed);
+}
+
 std::string Exporter::Sentence() const {
   if (!mExport) {
-    return {};
+    return mProblem;
   }
   std::string const name = NameOf(*mExport);
   switch (mExport->GetState()) {

@@ -210,7 +210,8 @@ std::string ChannelsPage::AppliedText() const {
         "names.",
         {title, count, std::to_string(mDesk.LayoutFor(LayoutUse::kSound).size())});
   }
-  return Text("$$$/playground/channels/applied=Names the @1 of @0 on the Audio page.", {title, count});
+  return Text("$$$/playground/channels/applied=Names the channels of @0 on the Audio page (@1).",
+              {title, count});
 }
 
 std::string ChannelsPage::WaveText() const {

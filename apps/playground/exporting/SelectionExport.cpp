@@ -36,7 +36,8 @@ bool WriteSelection(ExportRequest const& request, FileExport::Report const& repo
   moxaudiotoolkit::WaveFileWriter writer(request.path, {.type = moxaudiotoolkit::GetExactWaveType(properties),
                                                         .sampleRate = properties.sampleRate,
                                                         .channelCount = static_cast<int>(picked),
-                                                        .frames = length});
+                                                        .frames = length,
+                                                        .channelMask = request.channelMask});
   auto const blockFrames = static_cast<std::int64_t>(std::max<std::size_t>(kBlockFloats / channelCount, 1));
   std::vector<float> frames(static_cast<std::size_t>(blockFrames) * channelCount);
   std::vector<float> samples(static_cast<std::size_t>(blockFrames) * picked);

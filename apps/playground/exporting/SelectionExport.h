@@ -22,6 +22,7 @@ struct ExportRequest {
   std::int64_t end = 0;
   std::vector<std::size_t> channels;  // of the source, in the order of the file
   std::string path;                   // UTF-8; what is there is replaced
+  std::uint32_t channelMask = 0;      // places of these channels, which a WAV file tells; 0: none
 };
 
 // A part of a sound into a WAV file, sample for sample: 16 or 24 bits where the source has no more, floats

@@ -65,6 +65,7 @@ class AudioFile::Reader {
     mProperties.format = header.format;
     mProperties.jumpsFast = header.seekable;
     mProperties.integerBits = header.integerBits;
+    mProperties.channelLayout = header.channelLayout;
     // Streams are written before their length is known; only their end tells it.
     const bool known = header.frames != std::numeric_limits<std::int64_t>::max();
     mProperties.frames = known ? header.frames : CountFrames(MostFramesIn(header.byteCount), cancelled);

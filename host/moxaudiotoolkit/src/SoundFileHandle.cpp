@@ -3,7 +3,9 @@
 #include "CutShort.h"
 #include "SystemReason.h"
 
+#include <moxaudiotoolkit/AudioFile.h>
 #include <moxaudiotoolkit/AudioFileError.h>
+#include <moxmediatypes/WaveChannelMask.h>
 
 #include <fcntl.h>
 #include <sndfile.h>
@@ -11,8 +13,10 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <array>
 #include <cerrno>
 #include <cstring>
+#include <iterator>
 #include <span>
 
 namespace moxaudiotoolkit {
@@ -134,6 +138,55 @@ int IntegerBits(int format) {
   }
 }
 
+// libsndfile's names of the loudspeakers, by their bits in the mask of a WAV file.
+constexpr std::array<int, moxmediatypes::kWavePlaceCount> kPlaces = {SF_CHANNEL_MAP_FRONT_LEFT,
+                                                                     SF_CHANNEL_MAP_FRONT_RIGHT,
+                                                                     SF_CHANNEL_MAP_FRONT_CENTER,
+                                                                     SF_CHANNEL_MAP_LFE,
+                                                                     SF_CHANNEL_MAP_REAR_LEFT,
+                                                                     SF_CHANNEL_MAP_REAR_RIGHT,
+                                                                     SF_CHANNEL_MAP_FRONT_LEFT_OF_CENTER,
+                                                                     SF_CHANNEL_MAP_FRONT_RIGHT_OF_CENTER,
+                                                                     SF_CHANNEL_MAP_REAR_CENTER,
+                                                                     SF_CHANNEL_MAP_SIDE_LEFT,
+                                                                     SF_CHANNEL_MAP_SIDE_RIGHT,
+                                                                     SF_CHANNEL_MAP_TOP_CENTER,
+                                                                     SF_CHANNEL_MAP_TOP_FRONT_LEFT,
+                                                                     SF_CHANNEL_MAP_TOP_FRONT_CENTER,
+                                                                     SF_CHANNEL_MAP_TOP_FRONT_RIGHT,
+                                                                     SF_CHANNEL_MAP_TOP_REAR_LEFT,
+                                                                     SF_CHANNEL_MAP_TOP_REAR_CENTER,
+                                                                     SF_CHANNEL_MAP_TOP_REAR_RIGHT};
+
+int PlaceOf(int name) {
+  switch (name) {
+    case SF_CHANNEL_MAP_LEFT:
+      return 0;
+    case SF_CHANNEL_MAP_RIGHT:
+      return 1;
+    case SF_CHANNEL_MAP_CENTER:
+      return 2;
+    default: {
+      const auto* const found = std::ranges::find(kPlaces, name);
+      return found == kPlaces.end() ? -1 : static_cast<int>(std::distance(kPlaces.begin(), found));
+    }
+  }
+}
+
+moxmediatypes::AudioChannelLayout LayoutOf(SNDFILE* file, int channelCount) {
+  if (channelCount < 1 || channelCount > kMostChannels) {
+    return {};
+  }
+  std::vector<int> places(static_cast<std::size_t>(channelCount));
+  const auto size = static_cast<int>(places.size() * sizeof(int));
+  if (sf_command(file, SFC_GET_CHANNEL_MAP_INFO, places.data(), size) != SF_TRUE) {
+    return {};
+  }
+  std::ranges::transform(places, places.begin(), PlaceOf);
+  const bool saysNothing = std::ranges::all_of(places, [](int place) { return place < 0; });
+  return saysNothing ? moxmediatypes::AudioChannelLayout() : moxmediatypes::GetLayoutOfWavePlaces(places);
+}
+
 std::string FormatText(int format) {
   const std::string container = FormatName(SFC_GET_FORMAT_INFO, format & SF_FORMAT_TYPEMASK);
   const std::string encoding = FormatName(SFC_GET_FORMAT_INFO, format & SF_FORMAT_SUBMASK);
@@ -236,6 +289,7 @@ void SoundFileHandle::TakeOver(sf_private_tag* file, const void* info, const std
   mHeader.preroll = (read.format & SF_FORMAT_TYPEMASK) == SF_FORMAT_MPEG ? kMpegPreroll : 0;
   mHeader.format = FormatText(read.format);
   mHeader.integerBits = IntegerBits(read.format);
+  mHeader.channelLayout = LayoutOf(file, read.channels);
 }
 
 bool SoundFileHandle::Seek(std::int64_t frame) {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <moxmediatypes/AudioChannels.h>
+
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -20,6 +22,7 @@ struct SoundFileHeader {
   std::string format;
   int integerBits = 0;         // of whole-number samples kept without loss; 0 for all others
   std::int64_t byteCount = 0;  // of the file
+  moxmediatypes::AudioChannelLayout channelLayout;  // empty where the file doesn't say
 };
 
 // One opening of a sound file by libsndfile, from a path or from memory. Throws AudioFileError where it can't

@@ -51,7 +51,7 @@ class Bytes {
 
 void AddFormat(Bytes& bytes, const WaveFormat& format) {
   const bool isFloat = format.type == WaveSampleType::kFloat32;
-  const bool extensible = format.channelCount > 2;
+  const bool extensible = format.channelCount > 2 || format.channelMask != 0;
   const auto rate = static_cast<std::uint64_t>(format.sampleRate);
   const std::uint64_t frameSize = static_cast<std::uint64_t>(format.channelCount) * BytesOf(format.type);
   const std::uint64_t bits = 8 * BytesOf(format.type);
@@ -67,7 +67,7 @@ void AddFormat(Bytes& bytes, const WaveFormat& format) {
   if (extensible) {
     bytes.Add(22, 2);
     bytes.Add(bits, 2);  // that count
-    bytes.Add(0, 4);     // places of loudspeakers
+    bytes.Add(format.channelMask, 4);
     bytes.Add(tag, 2);
     bytes.Add(kSubFormatTail);
   } else if (isFloat) {

@@ -5,6 +5,7 @@
 #include <moxaudiotoolkit/AudioFileError.h>
 #include <moxaudiotoolkit/WaveFileWriter.h>
 #include <moxaudiotoolkit/peaks/SampleSource.h>
+#include <moxmediatypes/WaveChannelMask.h>
 
 #include <gtest/gtest.h>
 #include <signal.h>
@@ -12,6 +13,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <bit>
 #include <cmath>
 #include <filesystem>
 #include <fstream>
@@ -89,6 +91,60 @@ TEST_F(WaveFileWriterTest, KeepsEverySampleOfEveryTypeAndChannelCount) {
       decoder.ReadInterleaved(0, read);
       EXPECT_EQ(read, values) << channels;
     }
+  }
+}
+
+TEST_F(WaveFileWriterTest, TellsThePlacesOfChannels) {
+  for (const std::uint32_t mask : {0x4U, 0x3U, 0x3FU, 0x63FU, 0x3FFFFU}) {
+    const int channels = std::popcount(mask);
+    for (const WaveSampleType type : kTypes) {
+      const auto values = ValuesOf(type, static_cast<std::size_t>(10 * channels));
+      const std::string path = Path("places.wav");
+      const WaveFormat format{
+          .type = type, .sampleRate = 48000, .channelCount = channels, .frames = 10, .channelMask = mask};
+      WaveFileWriter writer(path, format);
+      writer.Write(values);
+      writer.Commit();
+
+      const auto header = MakeWaveHeader(format);
+      EXPECT_EQ(LittleAt(header, 20, 2), 0xFFFEU);
+      EXPECT_EQ(LittleAt(header, 40, 4), mask);
+      const auto layout = moxmediatypes::GetLayoutOfWaveMask(mask, static_cast<std::size_t>(channels));
+      AudioFile decoder(path);
+      EXPECT_EQ(decoder.GetProperties().channelLayout, layout) << mask;
+      const auto source = OpenSampleSource(path);
+      EXPECT_TRUE(source->IsParallel());
+      EXPECT_EQ(source->GetProperties().channelLayout, layout);
+      std::vector<float> read(values.size());
+      source->ReadInterleaved(0, read);
+      EXPECT_EQ(read, values);
+    }
+  }
+}
+
+TEST_F(WaveFileWriterTest, WithoutPlacesTellsOfNoLayout) {
+  for (const int channels : {1, 2, 6}) {
+    const std::string path = Path("plain.wav");
+    WaveFileWriter writer(path, {.sampleRate = 48000, .channelCount = channels, .frames = 1});
+    writer.Write(std::vector<float>(static_cast<std::size_t>(channels)));
+    writer.Commit();
+    EXPECT_TRUE(AudioFile(path).GetProperties().channelLayout.empty()) << channels;
+  }
+}
+
+// Whatever a mask says, the samples are read.
+TEST_F(WaveFileWriterTest, MaskThatDoesNotGoWithItsChannelsDoesNoHarm) {
+  for (const std::uint32_t mask : {0xFFFFFFFFU, 0x80000000U, 0x1U, 0x3FFFFU}) {
+    const std::string path = Path("odd.wav");
+    WaveFileWriter writer(path, {.sampleRate = 48000, .channelCount = 3, .frames = 1, .channelMask = mask});
+    writer.Write(std::vector<float>{0.25F, 0.5F, 0.75F});
+    writer.Commit();
+    AudioFile file(path);
+    std::vector<float> read(3);
+    file.ReadInterleaved(0, read);
+    EXPECT_EQ(read, (std::vector<float>{0.25F, 0.5F, 0.75F})) << mask;
+    const auto& layout = file.GetProperties().channelLayout;
+    EXPECT_TRUE(layout.empty() || layout.size() == 3) << mask;
   }
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <moxmediatypes/AudioChannels.h>
+
 #include <atomic>
 #include <cstddef>
 #include <cstdint>
@@ -27,6 +29,8 @@ struct AudioFileProperties {
   bool jumpsFast =
       true;             // false where a jump is a decoding of all that lies before, if that was never decoded
   int integerBits = 0;  // of whole-number samples kept without loss; 0 for all others
+  // What the channels are for; empty where the file doesn't say. Else there is one for each of them.
+  moxmediatypes::AudioChannelLayout channelLayout;
 };
 
 // A sound file, open for reading: WAV, AIFF, FLAC, Ogg Vorbis, Opus, MP3 and what else of that kind can be

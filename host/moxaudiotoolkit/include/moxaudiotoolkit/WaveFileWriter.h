@@ -17,15 +17,17 @@ struct WaveFormat {
   int sampleRate = 0;       // 1 to kHighestSampleRate
   int channelCount = 0;     // 1 to kMostChannels
   std::int64_t frames = 0;  // samples per channel
+  // Places of the channels' loudspeakers, as in moxmediatypes/WaveChannelMask.h; 0 tells of none.
+  std::uint32_t channelMask = 0;
 };
 
 // The smallest type that keeps every sample of a source as it is: 16 or 24 bits where samples are whole
 // numbers of no more, else floats.
 WaveSampleType GetExactWaveType(const SampleSourceProperties& properties);
 
-// All that stands in a WAV file (RIFF WAVE, Microsoft 1994; channels beyond two as WAVE_FORMAT_EXTENSIBLE
-// without places) before its samples; as RF64 (EBU Tech 3306) where the file is longer than the 32 bits of
-// its sizes can say.
+// All that stands in a WAV file (RIFF WAVE, Microsoft 1994; channels beyond two, and those that have
+// places, as WAVE_FORMAT_EXTENSIBLE) before its samples; as RF64 (EBU Tech 3306) where the file is longer
+// than the 32 bits of its sizes can say.
 std::vector<std::uint8_t> MakeWaveHeader(const WaveFormat& format);
 
 // A WAV file that is written piece by piece, as many frames as the format says. It takes its name, replacing

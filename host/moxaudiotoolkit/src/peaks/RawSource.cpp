@@ -117,7 +117,8 @@ std::shared_ptr<const RawSource> RawSource::Open(AudioFile& file) {
                                    .sampleRate = properties.sampleRate,
                                    .channelCount = properties.channelCount,
                                    .integerBits = IntegerBits(layout->encoding),
-                                   .format = properties.format};
+                                   .format = properties.format,
+                                   .channelLayout = properties.channelLayout};
   const std::shared_ptr<const RawSource> source(new RawSource(own, *layout, file.GetName(), descriptor));
   return source->AgreesWith(file) ? source : nullptr;
 }

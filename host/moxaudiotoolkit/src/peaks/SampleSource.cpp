@@ -125,7 +125,8 @@ std::shared_ptr<const SampleSource> OpenSampleSource(const std::string& path,
                                    .sampleRate = properties.sampleRate,
                                    .channelCount = properties.channelCount,
                                    .integerBits = properties.integerBits,
-                                   .format = properties.format};
+                                   .format = properties.format,
+                                   .channelLayout = properties.channelLayout};
   return std::make_shared<DecodedFileSource>(own, std::move(file));
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <moxmediatypes/AudioChannels.h>
+
 #include <atomic>
 #include <cstdint>
 #include <memory>
@@ -16,6 +18,7 @@ struct SampleSourceProperties {
   int channelCount = 0;
   int integerBits = 0;  // of samples that are whole numbers; 0 when they are floats or compressed with loss
   std::string format = {};  // of a file: container and encoding in words, for display
+  moxmediatypes::AudioChannelLayout channelLayout = {};  // one for each channel, or none where nobody says
 };
 
 // A channel's points, one for each 64 frames: smallest and largest sample and the sum of the squares. Whoever

@@ -185,6 +185,10 @@ ExportBar& AudioPage::Exporting() const {
   return *mExport;
 }
 
+bool AudioPage::CancelDrag() {
+  return mWaveform->CancelDrag() || mOverview->CancelDrag() || mRuler->CancelDrag();
+}
+
 bool AudioPage::HandleShortcut(moxui::ui::KeyboardEvent const& event) {
   return HandleEditKey(mSession, event, [this] { AskAndExport(ExportKind::kWave); });
 }

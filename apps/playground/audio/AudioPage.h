@@ -64,6 +64,7 @@ class AudioPage : public Page {
   bool UI_DoPreKeyboardEvent(moxui::ui::UI_Node* node, moxui::ui::KeyboardEvent const& event) override;
   bool UI_DoKeyboardEvent(moxui::ui::UI_Node* node, moxui::ui::KeyboardEvent const& event) override;
   void UI_FocusChanged(moxui::ui::FocusChangeReason reason) override;
+  bool CancelDrag() override;
   bool HandleShortcut(moxui::ui::KeyboardEvent const& event) override;
 
  private:

@@ -100,6 +100,8 @@ class AudioSession {
   // What comes between them is one step; they nest. ViewDrag calls them.
   void BeginDrag();
   void EndDrag();
+  // Ends it where it began, without a step.
+  void CancelDrag();
 
   // Shows the selection, or where it is shown already what was shown before it.
   void ToggleSelectionZoom();

@@ -105,6 +105,11 @@ void AudioSession::EndDrag() {
   Tell(SessionChange::kHistory);
 }
 
+void AudioSession::CancelDrag() {
+  GoTo(CurrentPlaces().history.DragBegin());
+  EndDrag();
+}
+
 void AudioSession::ToggleSelectionZoom() {
   if (auto const target = CurrentPlaces().zoom.Toggle(mView, mSelection)) {
     ChangeView([&target](Viewport& view) { view = *target; });

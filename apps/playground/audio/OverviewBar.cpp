@@ -21,6 +21,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace playground {
 namespace {
@@ -86,7 +87,7 @@ void OverviewBar::UI_Draw(moxui::scriber::Scriber* scriber) const {
   moxui::ColorRGBA const shade = ground.WithAlpha(kShadeOutside);
   moxui::utils::DrawRect(scriber, {0.0f, 0.0f, thumb.left, own.height}, shade);
   moxui::utils::DrawRect(scriber, {thumb.Right(), 0.0f, own.width - thumb.Right(), own.height}, shade);
-  bool const active = mIsDragged || mIsHovered;
+  bool const active = mDrag || mIsHovered;
   moxui::utils::DrawOutline(scriber, thumb.Inset(0.5f),
                             ThemeColor(active ? ThemeColorID::kGray8 : ThemeColorID::kGray6), 1.0f);
 }
@@ -132,7 +133,10 @@ bool OverviewBar::UI_WantsKeyboardFocus() const {
   return mSession.HasSound();
 }
 
-void OverviewBar::UI_FocusChanged(moxui::ui::FocusChangeReason) {
+void OverviewBar::UI_FocusChanged(moxui::ui::FocusChangeReason reason) {
+  if (reason == moxui::ui::FocusChangeReason::kDeactivated) {
+    EndDrag();
+  }
   UI_Invalidate();
 }
 
@@ -175,8 +179,7 @@ bool OverviewBar::UI_DoKeyboardEvent(moxui::ui::UI_Node*, moxui::ui::KeyboardEve
 bool OverviewBar::UI_DoMouseEvent(moxui::ui::UI_Node*, moxui::ui::MouseEvent const& event) {
   double const sample = SampleAt(event.GetPosition().x);
   if (event.IsAction(PointerAction::kPress) && event.IsButton(moxui::ui::MouseButton::kLeft)) {
-    mIsDragged = true;
-    mStep = std::make_unique<ViewDrag>(mSession);
+    mDrag = std::make_unique<ViewDrag>(mSession);
     UI_GainKeyboardFocus(moxui::ui::FocusChangeReason::kPointer);
     if (!ThumbRect().Contains(event.GetPosition())) {
       mSession.ChangeView([sample](Viewport& view) { view.ScrollTo(sample - view.VisibleSamples() / 2.0); });
@@ -185,18 +188,31 @@ bool OverviewBar::UI_DoMouseEvent(moxui::ui::UI_Node*, moxui::ui::MouseEvent con
     UI_Invalidate();
     return true;
   }
-  if (event.IsAction(PointerAction::kMove) && mIsDragged) {
+  if (event.IsAction(PointerAction::kMove) && mDrag) {
     double const left = sample - mGrab;
     mSession.ChangeView([left](Viewport& view) { view.ScrollTo(left); });
     return true;
   }
-  if (event.IsAction(PointerAction::kRelease) || event.IsAction(PointerAction::kCancel)) {
-    mIsDragged = false;
-    mStep.reset();
-    UI_Invalidate();
+  if (event.IsAction(PointerAction::kRelease) && mDrag && mDrag->EndsWith(event)) {
+    EndDrag();
     return true;
   }
   return false;
+}
+
+void OverviewBar::EndDrag() {
+  mDrag.reset();
+  UI_Invalidate();
+}
+
+bool OverviewBar::CancelDrag() {
+  if (!mDrag) {
+    return false;
+  }
+  auto const drag = std::move(mDrag);  // listeners may look at this view
+  drag->Cancel();
+  UI_Invalidate();
+  return true;
 }
 
 bool OverviewBar::UI_InvalidateOnMouseOverChange(bool over) {

@@ -28,6 +28,8 @@ class OverviewBar : public moxui::ui::UI_Node {
 
   // The frame, in own coordinates.
   moxui::RectT<float> ThumbRect() const;
+  // Takes a drag back. False when none goes on.
+  bool CancelDrag();
 
   void UI_Draw(moxui::scriber::Scriber* scriber) const override;
   moxui::PaddingT<float> UI_GetDrawOverhang() const override;
@@ -42,6 +44,7 @@ class OverviewBar : public moxui::ui::UI_Node {
 
  private:
   double SampleAt(float x) const;
+  void EndDrag();
   // Draws the whole sound, a column to each of the surface's units.
   void DrawSound(moxui::scriber::Scriber& scriber, moxui::ColorRGBA const& ground, int columns, int rows,
                  float scale) const;
@@ -53,8 +56,7 @@ class OverviewBar : public moxui::ui::UI_Node {
   mutable std::shared_ptr<moxaudiotoolkit::waveform::WaveformData> mData;
   mutable moxaudiotoolkit::waveform::ColumnLevels mLevels;  // of the data's columns; none once all is read
   mutable int mDrawnWidth = 0;
-  bool mIsDragged = false;
-  std::unique_ptr<ViewDrag> mStep;  // of the drag
+  std::unique_ptr<ViewDrag> mDrag;  // while the frame is dragged
   bool mIsHovered = false;
   double mGrab = 0.0;  // samples from the left of the view to where the frame was taken
 };

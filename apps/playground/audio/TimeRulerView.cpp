@@ -86,13 +86,17 @@ void TimeRulerView::OpenMenu(moxui::PointT<float> point) {
 
 bool TimeRulerView::UI_DoMouseEvent(moxui::ui::UI_Node*, moxui::ui::MouseEvent const& event) {
   float const x = event.GetPosition().x;
+  if (event.IsAction(PointerAction::kPress) && mDrag) {
+    return true;  // a second button changes nothing about the drag of the first
+  }
   if (event.IsAction(PointerAction::kPress) && event.IsButton(moxui::ui::MouseButton::kRight)) {
     OpenMenu(event.GetPosition());
     return true;
   }
   if (event.IsAction(PointerAction::kPress)) {
-    mDrag = std::make_unique<ViewDrag>(mSession);
+    mDrag = std::make_unique<ViewDrag>(mSession, event.GetButton());
     mDragX = x;
+    UI_SetCapture();  // without the focus it would not hear that the window is left
     return true;
   }
   if (event.IsAction(PointerAction::kMove) && mDrag) {
@@ -101,11 +105,34 @@ bool TimeRulerView::UI_DoMouseEvent(moxui::ui::UI_Node*, moxui::ui::MouseEvent c
     mDragX = x;
     return true;
   }
-  if (event.IsAction(PointerAction::kRelease) || event.IsAction(PointerAction::kCancel)) {
-    mDrag.reset();
+  if (event.IsAction(PointerAction::kRelease) && mDrag && mDrag->EndsWith(event)) {
+    EndDrag();
     return true;
   }
   return false;
+}
+
+void TimeRulerView::EndDrag() {
+  if (mDrag) {
+    mDrag.reset();
+    UI_ReleaseCapture();
+  }
+}
+
+bool TimeRulerView::CancelDrag() {
+  if (!mDrag) {
+    return false;
+  }
+  mDrag->Cancel();
+  EndDrag();
+  return true;
+}
+
+void TimeRulerView::UI_FocusChanged(moxui::ui::FocusChangeReason reason) {
+  UI_Node::UI_FocusChanged(reason);
+  if (reason == moxui::ui::FocusChangeReason::kDeactivated) {
+    EndDrag();
+  }
 }
 
 moxui::ui::AccessibleRole TimeRulerView::UI_GetAccessibleRole() const {

@@ -16,8 +16,12 @@ class TimeRulerView : public moxui::ui::UI_Node {
   explicit TimeRulerView(AudioSession& session);
   ~TimeRulerView() override;
 
+  // Takes a drag back. False when none goes on.
+  bool CancelDrag();
+
   void UI_Draw(moxui::scriber::Scriber* scriber) const override;
   bool UI_DoMouseEvent(moxui::ui::UI_Node* node, moxui::ui::MouseEvent const& event) override;
+  void UI_FocusChanged(moxui::ui::FocusChangeReason reason) override;
   bool UI_DoPointerEvent(moxui::ui::UI_Node* node, moxui::ui::PointerEvent const& event) override;
   moxui::ui::AccessibleRole UI_GetAccessibleRole() const override;
   moxcore::Utf8String UI_GetAccessibleName() const override;
@@ -25,6 +29,7 @@ class TimeRulerView : public moxui::ui::UI_Node {
 
  private:
   void OpenMenu(moxui::PointT<float> point);
+  void EndDrag();
 
   AudioSession& mSession;
   std::unique_ptr<ViewDrag> mDrag;  // while the ruler is dragged

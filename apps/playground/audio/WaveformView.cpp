@@ -163,6 +163,9 @@ bool WaveformView::UI_DoPointerEvent(moxui::ui::UI_Node* node, moxui::ui::Pointe
 bool WaveformView::UI_DoMouseEvent(moxui::ui::UI_Node*, moxui::ui::MouseEvent const& event) {
   switch (event.GetAction()) {
     case PointerAction::kPress:
+      if (mDrag != Drag::kNone) {
+        return true;  // a second button changes nothing about the drag of the first
+      }
       UI_GainKeyboardFocus(moxui::ui::FocusChangeReason::kPointer);
       if (event.IsLeftButtonDoubleClick()) {
         mSession.ChangeSelection([](SampleSelection& selection) { selection.SelectAll(); });
@@ -178,8 +181,9 @@ bool WaveformView::UI_DoMouseEvent(moxui::ui::UI_Node*, moxui::ui::MouseEvent co
       }
       return true;
     case PointerAction::kRelease:
-    case PointerAction::kCancel:
-      EndDrag();
+      if (mStep && mStep->EndsWith(event)) {
+        EndDrag();
+      }
       return true;
     case PointerAction::kLeave:
       if (mHover) {
@@ -197,7 +201,7 @@ void WaveformView::BeginDrag(moxui::ui::MouseEvent const& event) {
                        (event.IsButton(MouseButton::kLeft) && event.GetModKey().Has(ModKey::kOption));
   if (scrolls) {
     mDrag = Drag::kScroll;
-    mStep = std::make_unique<ViewDrag>(mSession);
+    mStep = std::make_unique<ViewDrag>(mSession, event.GetButton());
     mSpaceWasUsed = mSpaceIsDown;
   } else if (event.IsButton(MouseButton::kLeft) && mSession.HasSound()) {
     mDrag = Drag::kSelect;
@@ -230,6 +234,16 @@ void WaveformView::ContinueDrag(float x) {
   if (mHover) {
     mHover(static_cast<int>(ColumnAt(inside)));
   }
+}
+
+bool WaveformView::CancelDrag() {
+  if (mDrag == Drag::kNone) {
+    return false;
+  }
+  mDrag = Drag::kNone;
+  mStep->Cancel();
+  EndDrag();
+  return true;
 }
 
 void WaveformView::EndDrag() {

@@ -37,6 +37,8 @@ class WaveformView : public moxui::ui::UI_Node {
   // Waits for samples that are still being read.
   void Settle();
   WaveformPainter const& Painter() const { return *mPainter; }
+  // Takes a drag back. False when none goes on.
+  bool CancelDrag();
 
   // The session has changed so.
   void SelectionChanged();

@@ -260,6 +260,10 @@ bool MainView::UI_DoPreKeyboardEvent(moxui::ui::UI_Node*, moxui::ui::KeyboardEve
   if (!event.IsAction(moxui::ui::KeyAction::kKeyDown)) {
     return false;
   }
+  // Whoever drags has a hand for this key, wherever the focus is.
+  if (event.GetCode() == KeyboardCode::kEscape && event.GetModKey().IsEmpty() && mPage->CancelDrag()) {
+    return true;
+  }
   ModKeys const command(moxui::ui::ModKey::kCommand);
   if (event.CompareShortcut(KeyboardCode::kO, command)) {
     mActions.askForFiles();

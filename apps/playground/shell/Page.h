@@ -34,6 +34,8 @@ class Page : public moxui::ui::UI_SubView {
   // How far the page is scrolled down, where it scrolls.
   virtual float GetScrollOffset() const { return 0.0f; }
   virtual void SetScrollOffset(float) {}
+  // Takes back what the pointer is dragging at the moment. False when it drags nothing.
+  virtual bool CancelDrag() { return false; }
   // A key that no control had a use for, wherever the focus is in the window.
   virtual bool HandleShortcut(moxui::ui::KeyboardEvent const&) { return false; }
 };

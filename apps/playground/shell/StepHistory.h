@@ -51,6 +51,10 @@ class StepHistory {
       Push(mDragBegin);
     }
   }
+  // Where the drag began that goes on; nothing when none does.
+  std::optional<Place> DragBegin() const {
+    return mDrags > 0 ? std::optional<Place>(mDragBegin) : std::nullopt;
+  }
   // Ends what is still being dragged, as when the document leaves the screen.
   void EndAllDrags(Place const& current) {
     while (mDrags > 0) {

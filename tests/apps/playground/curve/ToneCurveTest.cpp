@@ -57,6 +57,12 @@ TEST(ToneCurve, IsSmoothWhereItGoesOnInOneDirection) {
   EXPECT_NEAR((curve.At(64.0 + 1e-5) - curve.At(64.0)) / 1e-5, slope, 1e-3);
 }
 
+TEST(ToneCurve, IsLevelWhereItTurns) {
+  ToneCurve const curve({{0, 0}, {100, 200}, {255, 50}});
+  EXPECT_NEAR((curve.At(100.0) - curve.At(99.999)) / 0.001, 0.0, 0.01);
+  EXPECT_NEAR((curve.At(100.001) - curve.At(100.0)) / 0.001, 0.0, 0.01);
+}
+
 TEST(ToneCurve, IsLevelBeyondItsEnds) {
   ToneCurve const curve(kHills);
   EXPECT_EQ(curve.At(0.0), 20.0);

@@ -47,7 +47,9 @@ TEST_F(PresetsOfTheView, ShowTheirEffectInThePreviewAtOnce) {
   Stage().PaintFrame();
   auto const inPreview = [this] {
     // The middle of the preview's top channel, a pixel beside another.
-    auto const picture = Program().Picture();
+    // Only what was invalidated is painted.
+    Stage().PaintFrame();
+    auto const picture = Stage().GetFramePixels();
     auto const rect = Page().Preview().UI_ConvertRectTo(nullptr, Page().Preview().UI_GetLocalRectF(false));
     std::vector<std::uint8_t> bytes;
     for (int y = static_cast<int>(rect.top); y < static_cast<int>(rect.Bottom()); ++y) {

@@ -158,7 +158,7 @@ TEST_F(FullDisk, PeakFilesThatDoNotFitLeaveTheOldOne) {
                                         .samplesPerPixel = 256,
                                         .channelCount = 1,
                                         .length = 50'000,
-                                        .values = std::vector<std::int16_t>(100'000)});
+                                        .values = PeakValues(100'000, 0)});
     });
   });
   EXPECT_TRUE(TellsOfRoom(outcome.reason)) << outcome.reason;

@@ -30,7 +30,7 @@ class FilePeaksOfPeakFiles : public ::testing::Test {
                   .samplesPerPixel = 256,
                   .channelCount = 1,
                   .length = pairs,
-                  .values = std::vector<std::int16_t>(2 * std::size_t{pairs})};
+                  .values = PeakValues(2 * std::size_t{pairs}, 0)};
     data.values[pairs / 2 * 2 + 1] = loudest;
     WritePeakData(mFolder / "a.dat", data);
     return mFolder / "a.dat";

@@ -85,7 +85,7 @@ TEST(PeakDataFile, ReadsVersion1WhoseBodyBeginsAtByte20) {
   EXPECT_EQ(MakePeakDataBytes(data), writer.bytes);
   ByteWriter small = Head(1, 1, 48000, 256, 1);
   small.Little(0x80, 1).Little(0x7F, 1);
-  EXPECT_EQ(ParsePeakData(small.bytes, "a.dat").values, (std::vector<std::int16_t>{-128, 127}));
+  EXPECT_EQ(ParsePeakData(small.bytes, "a.dat").values, (PeakValues{-128, 127}));
 }
 
 TEST(PeakDataFile, ReadsAFileOfNoPairs) {
@@ -225,7 +225,7 @@ TEST(PeakDataFile, RoundsSmallValuesOf8BitsToTheNearestAndNotTowardsZero) {
   const testing::SparseSource source({.frames = 64, .sampleRate = 48000, .channelCount = 1},
                                      {{3, 0.9F / 128.0F}, {5, -0.6F / 128.0F}});
   const PeakData data = MakePeakData(*BuildPyramid(source), {.samplesPerPixel = 64, .has8Bits = true});
-  EXPECT_EQ(data.values, (std::vector<std::int16_t>{-1, 1}));
+  EXPECT_EQ(data.values, (PeakValues{-1, 1}));
 }
 
 TEST(PeakDataFile, Version1TakesThePeaksOfAllChannelsTogether) {
@@ -233,7 +233,7 @@ TEST(PeakDataFile, Version1TakesThePeaksOfAllChannelsTogether) {
                                      {{3, 0.25F}, {9, -0.125F}});
   const PeakData data = MakePeakData(*BuildPyramid(source), {.samplesPerPixel = 64, .version = 1});
   EXPECT_EQ(data.channelCount, 1);
-  EXPECT_EQ(data.values, (std::vector<std::int16_t>{-12288, 24576}));
+  EXPECT_EQ(data.values, (PeakValues{-12288, 24576}));
 }
 
 TEST(PeakDataFile, TakesWholePointsOnly) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <moxaudiotoolkit/AudioFileError.h>
+#include <moxaudiotoolkit/peaks/PeakValues.h>
 
 #include <atomic>
 #include <cstddef>
@@ -25,7 +26,7 @@ struct PeakData {
   int channelCount = 0;
   std::uint32_t length = 0;  // pairs of each channel
   // For each place, for each channel: smallest, largest. In units of 2^-15, or of 2^-7 with 8 bits.
-  std::vector<std::int16_t> values;
+  PeakValues values;
 
   bool operator==(const PeakData&) const = default;
 };

@@ -381,7 +381,8 @@ PropertyGroup Channels(Maker const& make, AudioSession const& session) {
                                 &WaveformSettings::selectedWaveColor, SelectedChannelColorOf))}};
   // Thousands of rows would be no panel; the gutter beside the waveform has switches and colours for all.
   constexpr std::size_t kMostChannels = 32;
-  for (std::size_t channel = 0; channel < std::min(session.Current().ChannelCount(), kMostChannels); ++channel) {
+  for (std::size_t channel = 0; channel < std::min(session.Current().ChannelCount(), kMostChannels);
+       ++channel) {
     std::string const name = ChannelName(session, channel);
     std::string const id = "channel" + std::to_string(channel + 1);
     group.properties.push_back(make.ChannelToggle(channel, name));
@@ -402,9 +403,8 @@ PropertyGroup Channels(Maker const& make, AudioSession const& session) {
 
 std::vector<PropertyGroup> AudioProperties(AudioSession& session, ThemeChoice theme) {
   Maker const make(session, theme);
-  std::vector<PropertyGroup> groups{Wave(make),   Level(make),
-                                    Fade(make),   Lines(make),
-                                    Colors(make), Channels(make, session)};
+  std::vector<PropertyGroup> groups{Wave(make),  Level(make),  Fade(make),
+                                    Lines(make), Colors(make), Channels(make, session)};
   // Without a sound only the colour that stands for that shows.
   for (PropertyGroup& group : groups) {
     for (Property& property : group.properties) {

@@ -203,9 +203,9 @@ UI_NodeBuilder::Tree UI_NodeBuilder::Build(scriber::SupplierInterface const*,
 }
 
 OwnedNode UI_NodeBuilder::LoadViewFromXML(utility::ResourceManager const* resources,
-                                        scriber::SupplierInterface const* supplier,
-                                        moxcore::Utf16String const& name, NodeMap& nodes,
-                                        CustomNodeFactory const& factory) {
+                                          scriber::SupplierInterface const* supplier,
+                                          moxcore::Utf16String const& name, NodeMap& nodes,
+                                          CustomNodeFactory const& factory) {
   utility::ResourceBytes bytes;
   moxcore::Utf8String const resource = moxcore::string::UTF16to8(name);
   if (resources == nullptr ||

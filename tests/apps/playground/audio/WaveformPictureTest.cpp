@@ -162,7 +162,8 @@ TEST(WaveformPicture, APaintingThatFailsLeavesNothingBehind) {
   Stripes stripes;
   stripes.Show(0);
   auto const fail = [](WaveformPicture::Piece const&) { throw std::runtime_error("no"); };
-  EXPECT_THROW(stripes.Picture().Update(stripes.look, {.leftPixel = 3}, stripes.cut, fail), std::runtime_error);
+  EXPECT_THROW(stripes.Picture().Update(stripes.look, {.leftPixel = 3}, stripes.cut, fail),
+               std::runtime_error);
   stripes.Show(3);
   EXPECT_EQ(stripes.painted, kColumns);
 }

@@ -33,7 +33,9 @@ class SliderHotTextNumber : public testing::ControlTest<UI_SliderHotTextNumber> 
   }
   UI_Slider& Slider() const { return *mControl->GetSlider(); }
   UI_HotTextNumber& Number() const { return *mControl->GetHotTextNumber(); }
-  RectT<float> PlaceOf(ui::UI_Node const& node) const { return node.UI_GetLocalRectF(ui::RectSpace::kParent); }
+  RectT<float> PlaceOf(ui::UI_Node const& node) const {
+    return node.UI_GetLocalRectF(ui::RectSpace::kParent);
+  }
   PointT<float> Thumb() const { return mStage.CenterOf(*Slider().GetSliderThumb()); }
   void Type(std::u16string_view text) {
     mStage.Click(mStage.CenterOf(Number()));

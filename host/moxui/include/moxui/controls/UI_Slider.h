@@ -51,8 +51,8 @@ class UI_SliderT : public UI_InteractiveControlView {
   // Thumb
   /// Whether the thumb is a child (InstallSliderThumb) rather than drawn by the slider.
   void SetIsCustomThumb(bool isCustom);
-  /// The button is shown as a child and follows the value. It should leave pointer events to the slider. Where
-  /// it isn't a custom thumb, the slider draws its own beneath while the button is shown.
+  /// The button is shown as a child and follows the value. It should leave pointer events to the slider.
+  /// Where it isn't a custom thumb, the slider draws its own beneath while the button is shown.
   void InstallSliderThumb(moxcore::utility::IntrusivePtr<UI_Button> thumb);
   UI_Button* GetSliderThumb() const { return mThumb.Get(); }
   void SetThumbSize(float width, float height);

@@ -47,7 +47,9 @@ DotLook GetDotLook(float pixelsPerSample) {
 CurveScratch::CurveScratch() = default;
 CurveScratch::CurveScratch(CurveScratch const& other) : mWorkedOut(other.mWorkedOut) {}
 CurveScratch& CurveScratch::operator=(CurveScratch const& other) {
-  mWorkedOut = other.mWorkedOut;
+  if (this != &other) {
+    mWorkedOut = other.mWorkedOut;
+  }
   return *this;
 }
 CurveScratch::~CurveScratch() = default;

@@ -54,9 +54,10 @@ std::size_t ChannelList::CountNamed() const {
 }
 
 RectT<float> ChannelList::PlaceRect(Grid const& grid, std::size_t place) const {
-  auto const column = static_cast<float>(place / grid.rows);
-  auto const row = static_cast<float>(place % grid.rows);
-  return {kPanelPadding + column * grid.columnWidth, row * kLineHeight, grid.columnWidth, kLineHeight};
+  std::size_t const column = place / grid.rows;
+  std::size_t const row = place % grid.rows;
+  return {kPanelPadding + static_cast<float>(column) * grid.columnWidth,
+          static_cast<float>(row) * kLineHeight, grid.columnWidth, kLineHeight};
 }
 
 void ChannelList::UI_Draw(moxui::scriber::Scriber* scriber) const {

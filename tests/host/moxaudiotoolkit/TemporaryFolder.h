@@ -1,28 +1,20 @@
 #pragma once
 
+#include "support/ScratchFolder.h"
+
 #include <cstdint>
-#include <filesystem>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace moxaudiotoolkit::testing {
 
-// A folder of its own for a test, gone with the object.
-class TemporaryFolder {
+// A folder of its own for a test, gone with the object, for files of bytes.
+class TemporaryFolder : public tests::ScratchFolder {
  public:
-  TemporaryFolder();
-  ~TemporaryFolder();
-  TemporaryFolder(const TemporaryFolder&) = delete;
-  TemporaryFolder& operator=(const TemporaryFolder&) = delete;
-
-  const std::string& GetPath() const { return mPath; }
-  // The path of a file of this name.
-  std::string operator/(const std::string& name) const { return mPath + "/" + name; }
+  std::string GetPath() const { return Path().string(); }
   // Writes a file of these bytes and gives its path.
-  std::string Write(const std::string& name, const std::vector<std::uint8_t>& bytes) const;
-
- private:
-  std::string mPath;
+  std::string Write(std::string_view name, const std::vector<std::uint8_t>& bytes) const;
 };
 
 std::vector<std::uint8_t> ReadBytes(const std::string& path);

@@ -232,6 +232,20 @@ TEST_F(WaveFileWriterTest, NothingIsLeftAndTheOldFileStaysWithoutACommit) {
   EXPECT_EQ(std::filesystem::file_size(path), 3u);
 }
 
+TEST_F(WaveFileWriterTest, NewFileIsAsPrivateAsTheOneThatItReplaces) {
+  namespace fs = std::filesystem;
+  constexpr fs::perms kOwner = fs::perms::owner_read | fs::perms::owner_write;
+  const std::string path = mFolder.Write("sound.wav", std::vector<std::uint8_t>(10));
+  for (const fs::perms perms : {kOwner, kOwner | fs::perms::group_read | fs::perms::others_exec}) {
+    fs::permissions(path, perms);
+    WaveFileWriter writer(path, {.sampleRate = 8000, .channelCount = 1, .frames = 1});
+    writer.Write(std::vector<float>{0.5F});
+    writer.Commit();
+    EXPECT_EQ(fs::status(path).permissions(), perms);
+    EXPECT_EQ(AudioFile(path).GetProperties().frames, 1);
+  }
+}
+
 TEST_F(WaveFileWriterTest, FullDiskIsToldOfAtOnceAndNothingIsLeft) {
   struct rlimit old {};
   getrlimit(RLIMIT_FSIZE, &old);

@@ -1,6 +1,7 @@
 #include "DurableFile.h"
 
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <atomic>
@@ -81,6 +82,11 @@ void DurableFile::WriteAtStart(std::span<const std::uint8_t> bytes) {
 }
 
 void DurableFile::Commit() {
+  struct stat status;
+  if (lstat(mPath.c_str(), &status) == 0 && S_ISREG(status.st_mode)) {
+    // Where it isn't allowed, the content counts for more than the permissions.
+    (void)!fchmod(mDescriptor, status.st_mode & 0777);
+  }
   if (fsync(mDescriptor) != 0) {
     Throw();
   }

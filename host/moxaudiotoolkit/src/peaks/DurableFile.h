@@ -26,6 +26,7 @@ class DurableFile {
   void Write(std::span<const std::uint8_t> bytes);
   // Replaces the first bytes of what was written.
   void WriteAtStart(std::span<const std::uint8_t> bytes);
+  // The new file has the permissions of the one that it replaces.
   void Commit();
 
  private:

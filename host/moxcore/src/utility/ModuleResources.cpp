@@ -1,9 +1,11 @@
 #include <moxcore/utility/ModuleResources.h>
+#include <moxcore/utility/ResourceOverride.h>
 
 #include <map>
 #include <mutex>
 #include <shared_mutex>
 #include <tuple>
+#include <utility>
 
 namespace moxcore::utility {
 
@@ -95,6 +97,28 @@ ResourceRegistrar::~ResourceRegistrar() {
     if (found != registry.resources.end() && found->second == &resource) {
       registry.resources.erase(found);
     }
+  }
+}
+
+ResourceOverride::ResourceOverride(ModuleHandle module, ResourceType type, ResourceName name,
+                                   std::string_view bytes)
+    : mModule(module),
+      mType(type.value),
+      mName(name.value),
+      mBytes(bytes.begin(), bytes.end()),
+      mResource{mType.c_str(), mName.c_str(), mBytes.data(), mBytes.size()} {
+  auto& registry = TheRegistry();
+  std::lock_guard const lock(registry.mutex);
+  mBefore = std::exchange(registry.resources[KeyOf(mModule, mResource)], &mResource);
+}
+
+ResourceOverride::~ResourceOverride() {
+  auto& registry = TheRegistry();
+  std::lock_guard const lock(registry.mutex);
+  if (mBefore != nullptr) {
+    registry.resources[KeyOf(mModule, mResource)] = mBefore;
+  } else {
+    registry.resources.erase(KeyOf(mModule, mResource));
   }
 }
 

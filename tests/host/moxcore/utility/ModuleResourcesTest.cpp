@@ -1,6 +1,7 @@
 #include <moxcore/config/Localizer.h>
 #include <moxcore/config/ModuleCatalogues.h>
 #include <moxcore/utility/ModuleResources.h>
+#include <moxcore/utility/ResourceOverride.h>
 
 #include <gtest/gtest.h>
 
@@ -88,6 +89,34 @@ TEST(ResourceRegistrar, WithdrawsItsResourcesAtItsEnd) {
     EXPECT_EQ(Read("tmp", "one"), "\x07");
   }
   EXPECT_EQ(Read("tmp", "one"), "absent");
+}
+
+TEST(ResourceOverride, StandsInForAResourceUntilItsEnd) {
+  auto const before = FindBinaryInModule(ThisModule(), ResourceType("XML"), ResourceName("VIEW"));
+  {
+    ResourceOverride const first(ThisModule(), ResourceType("xml"), ResourceName("View"), "first");
+    EXPECT_EQ(Read("XML", "VIEW"), "first");
+    {
+      ResourceOverride const second(ThisModule(), ResourceType("XML"), ResourceName("VIEW"), "");
+      EXPECT_EQ(Read("XML", "VIEW"), "");
+    }
+    EXPECT_EQ(Read("XML", "VIEW"), "first");
+    EXPECT_EQ(Read("XML", "VIEW.V7"), "<seven/>");
+  }
+  EXPECT_EQ(Read("XML", "VIEW"), "<plain/>");
+  ASSERT_TRUE(before);
+  EXPECT_EQ(FindBinaryInModule(ThisModule(), ResourceType("XML"), ResourceName("VIEW"))->data(),
+            before->data());
+}
+
+TEST(ResourceOverride, AddsAResourceThatTheModuleHasNot) {
+  {
+    ResourceOverride const added(ThisModule(), ResourceType("SVG"), ResourceName("Added"), "<svg/>");
+    EXPECT_EQ(Read("svg", "ADDED"), "<svg/>");
+    EXPECT_EQ(GetResourceDataNames(ThisModule(), ResourceType("SVG")), (std::vector<Utf8String>{"Added"}));
+  }
+  EXPECT_EQ(Read("svg", "ADDED"), "absent");
+  EXPECT_TRUE(GetResourceDataNames(ThisModule(), ResourceType("SVG")).empty());
 }
 
 TEST(ModuleCatalogues, ReachTheLocalizer) {

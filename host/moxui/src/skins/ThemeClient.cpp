@@ -24,7 +24,7 @@ bool HasColorChange(UI_Node const& node, unsigned id, unsigned replacement) {
     return false;
   }
   auto const change = extras->colorChanges.find(id);
-  return change != extras->colorChanges.end() && change->second == replacement;
+  return change != extras->colorChanges.end() && change->second.Get() == replacement;
 }
 
 }  // namespace

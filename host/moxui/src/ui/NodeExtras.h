@@ -1,5 +1,7 @@
 #pragma once
 
+#include "../skins/CustomColors.h"
+
 #include <moxui/ui/AutoLayout.h>
 #include <moxui/ui/InputCapture.h>
 #include <moxui/ui/UI_Node.h>
@@ -19,7 +21,7 @@ struct NodeExtras {
   std::any userData;
   CustomDrawFunction drawFunction;
   std::vector<FocusChangedFunction> focusFunctions;
-  std::map<unsigned, unsigned> colorChanges;
+  std::map<unsigned, HeldColorID> colorChanges;
   /// Timers (id, period) of a node outside a tree; they start when it comes into one.
   std::vector<std::pair<int, float>> restingTimers;
   AutoLayoutFlags autoLayout;

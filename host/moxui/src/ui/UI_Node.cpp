@@ -59,7 +59,7 @@ unsigned UI_Node::UI_GetColorFromChangeMap(unsigned colorID) const {
     if (up->mExtras) {
       auto const change = up->mExtras->colorChanges.find(colorID);
       if (change != up->mExtras->colorChanges.end()) {
-        colorID = change->second;
+        colorID = change->second.Get();
       }
     }
   }
@@ -67,7 +67,11 @@ unsigned UI_Node::UI_GetColorFromChangeMap(unsigned colorID) const {
 }
 
 void UI_Node::UI_SetColorChange(unsigned colorID, unsigned newColorID) {
-  Extras().colorChanges[colorID] = newColorID;
+  // Held before the one that it replaces is let go: they may be one.
+  HeldColorID const held(newColorID);
+  auto& changes = Extras().colorChanges;
+  changes.erase(colorID);
+  changes.emplace(colorID, held);
 }
 
 void UI_Node::UI_ClearColorChange(unsigned colorID) {

@@ -11,6 +11,9 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
+#include <set>
+
 namespace moxui::ui {
 namespace {
 
@@ -40,6 +43,78 @@ TEST(ThemeClient, ClearedCustomColoursAreTheThemesAgain) {
   family.parent->SetCustomThemeColor(ThemeColorID::kTableText, kOrange);
   family.parent->ClearCustomThemeColor(ThemeColorID::kTableText);
   EXPECT_EQ(family.child->GetColor(ThemeColorID::kTableText), GetColor(253u));
+}
+
+// The number that a node's own colour goes by at the moment.
+unsigned NumberOf(UI_SubView const& view) {
+  return view.UI_GetColorFromChangeMap(static_cast<unsigned>(ThemeColorID::kTableText));
+}
+
+TEST(ThemeClient, NumbersOfColoursThatNobodyHasAreUsedAgain) {
+  std::set<unsigned> numbers;
+  Family const family;
+  for (int i = 0; i < 1000; ++i) {
+    ColorRGBA const colour{static_cast<float>(i) / 1000.0f, 0.25f, 0.5f, 1.0f};
+    family.parent->SetCustomThemeColor(ThemeColorID::kTableText, colour);
+    EXPECT_EQ(family.child->GetColor(ThemeColorID::kTableText), colour);
+    numbers.insert(NumberOf(*family.parent));
+  }
+  for (int i = 0; i < 1000; ++i) {
+    auto const passing = MakeIntrusive<UI_SubView>();
+    passing->SetCustomThemeColor(ThemeColorID::kTableText, {0.25f, static_cast<float>(i), 0.5f, 1.0f});
+    numbers.insert(NumberOf(*passing));
+    passing->SetCustomThemeColor(ThemeColorID::kTableText, kOrange);
+    passing->ClearCustomThemeColor(ThemeColorID::kTableText);
+  }
+  EXPECT_LE(numbers.size(), 4u);
+}
+
+TEST(ThemeClient, AColourStaysAsLongAsANodeHasIt) {
+  Family const first;
+  Family const second;
+  first.parent->SetCustomThemeColor(ThemeColorID::kTableText, kOrange);
+  // By its number, as a client hands a colour on.
+  second.parent->SetCustomThemeColor(ThemeColorID::kTableText,
+                                     static_cast<ThemeColorID>(NumberOf(*first.parent)));
+  first.parent->SetCustomThemeColor(ThemeColorID::kTableText, {0.0f, 0.0f, 1.0f, 1.0f});
+  Family const third;
+  third.parent->SetCustomThemeColor(ThemeColorID::kTableText, {0.0f, 1.0f, 0.0f, 1.0f});
+  EXPECT_EQ(second.child->GetColor(ThemeColorID::kTableText), kOrange);
+  unsigned const number = NumberOf(*second.parent);
+  second.parent->UI_SetColorChange(static_cast<unsigned>(ThemeColorID::kTableText), number);
+  EXPECT_EQ(second.child->GetColor(ThemeColorID::kTableText), kOrange);
+  second.parent->ClearCustomThemeColor(ThemeColorID::kTableText);
+  EXPECT_EQ(GetColor(number), ColorRGBAFixed::Black);
+}
+
+TEST(ThemeClient, ANumberOfNoColourTakesNoneAway) {
+  Family const family;
+  family.parent->SetCustomThemeColor(ThemeColorID::kTableText, kOrange);
+  unsigned const next = NumberOf(*family.parent) + 1;
+  auto const other = MakeIntrusive<UI_SubView>();
+  for (unsigned number = next; number < next + 8; ++number) {
+    other->UI_SetColorChange(number, number);
+  }
+  Family const later[2];
+  later[0].parent->SetCustomThemeColor(ThemeColorID::kTableText, {0.0f, 0.0f, 1.0f, 1.0f});
+  later[1].parent->SetCustomThemeColor(ThemeColorID::kTableText, {0.0f, 1.0f, 0.0f, 1.0f});
+  for (unsigned number = next; number < next + 8; ++number) {
+    other->UI_ClearColorChange(number);
+  }
+  EXPECT_EQ(later[0].child->GetColor(ThemeColorID::kTableText), (ColorRGBA{0.0f, 0.0f, 1.0f, 1.0f}));
+  EXPECT_EQ(later[1].child->GetColor(ThemeColorID::kTableText), (ColorRGBA{0.0f, 1.0f, 0.0f, 1.0f}));
+}
+
+TEST(ThemeClient, AColourWithoutNumbersIsOneToo) {
+  float const none = std::numeric_limits<float>::quiet_NaN();
+  Family const family;
+  std::set<unsigned> numbers;
+  for (int i = 0; i < 100; ++i) {
+    family.parent->SetCustomThemeColor(ThemeColorID::kTableText, {none, 0.5f, none, 1.0f});
+    numbers.insert(NumberOf(*family.parent));
+  }
+  EXPECT_EQ(numbers.size(), 1u);
+  EXPECT_EQ(family.child->GetColor(ThemeColorID::kTableText), (ColorRGBA{0.0f, 0.5f, 0.0f, 1.0f}));
 }
 
 TEST(ThemeClient, MappingsToOtherRolesFollowTheTheme) {

@@ -5,37 +5,14 @@
 #include <moxui/scriber/Scriber.h>
 #include <moxui/scriber/SupplierInterface.h>
 #include <moxui/scriber/SurfaceInterface.h>
+#include <moxui/skins/TextTruncation.h>
 
 #include <algorithm>
 #include <cstddef>
-#include <string>
 
 namespace moxui::utils {
 
 namespace {
-
-bool IsLowSurrogate(char16_t unit) {
-  return unit >= 0xdc00 && unit <= 0xdfff;
-}
-
-// The longest beginning of `text` that fits with an ellipsis, or nothing at all.
-std::u16string CutAtEnd(std::u16string_view text, scriber::FontInterface const& font, float width) {
-  std::u16string const ellipsis = u"\u2026";
-  std::size_t fits = 0;
-  std::size_t beyond = text.size();
-  while (fits + 1 < beyond) {
-    std::size_t const middle = fits + (beyond - fits) / 2;
-    bool const narrow = font.GetWidth(std::u16string(text.substr(0, middle)) + ellipsis) <= width;
-    (narrow ? fits : beyond) = middle;
-  }
-  if (fits > 0 && IsLowSurrogate(text[fits])) {
-    --fits;
-  }
-  while (fits > 0 && text[fits - 1] == u' ') {
-    --fits;
-  }
-  return std::u16string(text.substr(0, fits)) + ellipsis;
-}
 
 // Appends a corner between an edge that comes in and one that goes out, going clockwise.
 void AppendCorner(scriber::PathInterface& path, PointT<float> corner, PointT<float> centre, float radius,
@@ -114,11 +91,8 @@ void DrawString(scriber::Scriber* scriber, std::u16string_view text, RectT<float
   } else if (alignment == scriber::TextAlignment::kRight) {
     x += box.width;
   }
-  if (font.GetWidth(text) <= box.width) {
-    scriber->GetSurface()->DrawText(text, {x, y}, font, colour, alignment);
-  } else {
-    scriber->GetSurface()->DrawText(CutAtEnd(text, font, box.width), {x, y}, font, colour, alignment);
-  }
+  scriber->GetSurface()->DrawText(skins::TruncateText(text, box.width, font, skins::TextTruncation::kEnd),
+                                  {x, y}, font, colour, alignment);
 }
 
 void DrawString(scriber::Scriber* scriber, std::u16string_view text, RectT<float> const& box,

@@ -46,7 +46,10 @@ moxcore::Utf16String WithoutMost(std::u16string_view text, std::size_t kept, Tex
       head = kept;
       break;
   }
-  std::size_t const headEnd = BoundaryAtOrBefore(text, head);
+  std::size_t headEnd = BoundaryAtOrBefore(text, head);
+  while (headEnd > 0 && text[headEnd - 1] == u' ') {
+    --headEnd;
+  }
   std::size_t const tailBegin = BoundaryAtOrAfter(text, text.size() - (kept - head));
   moxcore::Utf16String result(text.substr(0, headEnd));
   result += kEllipsis;

@@ -137,6 +137,12 @@ TEST_F(Truncation, KeepsTheMarkOfAModifiedPreset) {
   EXPECT_EQ(Truncated(u"Bright sky *", 70, TextTruncation::kMiddle), u"Bri\u2026y *");
 }
 
+TEST_F(Truncation, LeavesNoSpaceBeforeTheEllipsis) {
+  EXPECT_EQ(Truncated(u"ab  cdef", 50, TextTruncation::kEnd), u"ab\u2026");
+  EXPECT_EQ(Truncated(u"ab  cdef", 70, TextTruncation::kMiddle), u"ab\u2026def");
+  EXPECT_EQ(Truncated(u"  abcdef", 30, TextTruncation::kEnd), u"\u2026");
+}
+
 TEST_F(Truncation, GivesNothingWhereNotEvenTheEllipsisFits) {
   EXPECT_EQ(Truncated(u"abcdef", 10, TextTruncation::kEnd), u"\u2026");
   EXPECT_EQ(Truncated(u"abcdef", 9, TextTruncation::kEnd), u"");

@@ -26,7 +26,7 @@ void DrawOutline(scriber::Scriber* scriber, RectT<float> const& rect, ColorRGBA 
                  RoundedCorners const& corners = kAllCorners);
 
 /// Draws one line of text into a box: centred in its height, aligned in its width, and, when it is wider than
-/// the box, cut at its end with an ellipsis.
+/// the box, cut at its end as skins::TruncateText does.
 void DrawString(scriber::Scriber* scriber, std::u16string_view text, RectT<float> const& box,
                 scriber::TextAlignment alignment, scriber::FontInterface const& font,
                 ColorRGBA const& colour);

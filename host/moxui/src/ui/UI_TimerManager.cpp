@@ -56,11 +56,6 @@ std::vector<std::pair<int, float>> UI_TimerManager::TakeTimers(UI_Node* node) {
   return taken;
 }
 
-bool UI_TimerManager::HasTimer(UI_Node const* node, int id) const {
-  return std::ranges::any_of(
-      mTimers, [&](Timer const& timer) { return timer.id == id && timer.node.Lock().Get() == node; });
-}
-
 double UI_TimerManager::GetNextDue() const {
   auto const next = std::ranges::min_element(mTimers, {}, &Timer::due);
   return next == mTimers.end() ? -1 : next->due;

@@ -22,7 +22,6 @@ class UI_TimerManager {
   void RemoveAll();
   /// Removes a node's timers and gives them: id and period each.
   std::vector<std::pair<int, float>> TakeTimers(UI_Node* node);
-  bool HasTimer(UI_Node const* node, int id) const;
 
   /// When the next timer is due, by the tree's clock; below 0 for none.
   double GetNextDue() const;

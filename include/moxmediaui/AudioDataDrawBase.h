@@ -32,6 +32,10 @@ class AudioDataDrawBase {
   /// strip; then the stride means nothing.
   static bool CalculateVerticalChannelBounds(int height, int channelCount, bool layered, bool makeOdd,
                                              int& channelHeight, int& channelStride);
+  /// The same where heights are worked out in units of `scale` rows each: the strips as they are drawn, in
+  /// rows. False also if no row is left of a strip.
+  static bool CalculateScaledChannelBounds(int height, float scale, int channelCount, bool layered,
+                                           bool makeOdd, int& channelHeight, int& channelStride);
 
   /// Fill of the whole rectangle when there is no waveform.
   ColorRGBA GetControlColor() const { return mControlColor; }

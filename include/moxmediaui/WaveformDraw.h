@@ -42,7 +42,8 @@ class CurveScratch {
   CurveScratch& operator=(CurveScratch const& other);
   ~CurveScratch();
 
-  /// Room for those of so many columns, worked out beforehand.
+  /// Room for those of so many columns, worked out beforehand; none gives them up. Copies keep those that
+  /// they shared.
   void Reserve(std::size_t columns);
   void WorkOut(std::size_t column, float fraction) const;
   /// Of the point of this number, in this column, which lies so far behind a sample.
@@ -63,11 +64,16 @@ struct PeakTarget {
 
 /// Paints audio. Peak data (a pair of values per pixel column, see WaveformData) is written pixel by pixel
 /// into one buffer with its background and drawn as one image; its data slots must equal the rectangle's
-/// width, and no side of the image may exceed 32767 pixels: beyond that, or with another number of slots, the
-/// region stays as it was. Sample data is drawn as a curve through the samples, with optional dots on them.
-/// Which of the two is drawn, the data's type tells: whoever fills the data chooses.
+/// width, and no side of the image may exceed 32767 pixels (a target of one's own may): beyond that, or with
+/// another number of slots, the region stays as it was. Sample data is drawn as a curve through the samples,
+/// with optional dots on them. Which of the two is drawn, the data's type tells: whoever fills the data
+/// chooses.
 ///
-/// A scratch window is written while drawing: one object must not draw in two threads at once.
+/// A scratch window is written while drawing: one object must not draw in two threads at once. Like the rest
+/// of the library it is for the UI thread, and who draws there asks nothing more of the host. Who paints a
+/// picture with copies of one drawing on several threads (see SetPaintedColumns and SetPaintedChannels) needs
+/// a surface for each, and a host that serves any thread at any time: the supplier's pens, paths and images,
+/// NewOffscreenSurface, and MemoryRecycler, which holds the pixels. Moxui's raster does.
 class WaveformDraw : public WaveformDrawBase {
  public:
   WaveformDraw();

@@ -32,6 +32,10 @@ class WaveformDrawBase : public AudioDataDrawBase {
   /// in which channel heights are worked out. A null waveform raises the null-pointer exception.
   virtual void Draw(Scriber* scriber, std::shared_ptr<WaveformData> waveform, RectT<int> const& rect,
                     float scale) const;
+  /// What Draw shows of `waveform` after the fade: a copy, or `waveform` itself where nothing fades. For who
+  /// draws one waveform piece by piece: it is faded once, and the pieces are drawn of what came out, without
+  /// a fade. A null waveform raises the null-pointer exception.
+  std::shared_ptr<WaveformData> WithFade(std::shared_ptr<WaveformData> waveform) const;
   /// The amplitude (0 and up, full scale 1.0) shown in a pixel column, for read-outs.
   virtual float GetAmplitudeFromPixelOffset(std::uint64_t channel, std::int64_t pixel,
                                             std::shared_ptr<WaveformData> waveform) const = 0;

@@ -57,6 +57,17 @@ bool AudioDataDrawBase::CalculateVerticalChannelBounds(int height, int channelCo
   return channelHeight > 0;
 }
 
+bool AudioDataDrawBase::CalculateScaledChannelBounds(int height, float scale, int channelCount, bool layered,
+                                                     bool makeOdd, int& channelHeight, int& channelStride) {
+  if (!CalculateVerticalChannelBounds(TruncateToInt(static_cast<float>(height) / scale), channelCount,
+                                      layered, makeOdd, channelHeight, channelStride)) {
+    return false;
+  }
+  channelHeight = TruncateToInt(static_cast<float>(channelHeight) * scale);
+  channelStride = TruncateToInt(static_cast<float>(channelStride) * scale);
+  return channelHeight > 0;
+}
+
 void AudioDataDrawBase::SetViewRange(double left, double samplesPerPixel) {
   if (IsNearlyEqual(left, mViewLeft) && IsNearlyEqual(samplesPerPixel, mSamplesPerPixel)) {
     return;

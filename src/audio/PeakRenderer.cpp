@@ -191,10 +191,7 @@ bool WaveformDraw::DrawWaveformAsPeaks(Scriber* scriber, WaveformDataProperties 
   if (properties.type != WaveformDataType::kPeaks) {
     return true;
   }
-  // What can't become an image isn't painted in vain.
-  constexpr int kLongestImageSide = 32767;
-  if (properties.dataSlots != static_cast<std::size_t>(rect.width) || columnCount > kLongestImageSide ||
-      wantedHeight > kLongestImageSide) {
+  if (properties.dataSlots != static_cast<std::size_t>(rect.width)) {
     return false;
   }
   SurfaceInterface* const surface = scriber->GetSurface();
@@ -204,11 +201,18 @@ bool WaveformDraw::DrawWaveformAsPeaks(Scriber* scriber, WaveformDataProperties 
   if (width < 1) {
     return true;
   }
+  bool const hasTarget = mPeakTarget.pixels != nullptr;
+  // Surfaces draw no longer image: what can't be drawn isn't painted in vain. A target has no such limit but
+  // holds the rectangle's rows only, and strips may exceed them where floats can't tell so many rows apart.
+  constexpr int kLongestImageSide = 32767;
+  if (hasTarget ? wantedHeight > rect.height
+                : width > kLongestImageSide || wantedHeight > kLongestImageSide) {
+    return false;
+  }
   int const imageHeight = static_cast<int>(wantedHeight);
   bool const atTop = GetVerticalChannelAlignment() == VerticalChannelAlignment::kTop;
   int const top = atTop ? 0 : rect.height - imageHeight;
   int const step = GetColumnsAtATime(imageHeight);
-  bool const hasTarget = mPeakTarget.pixels != nullptr;
   auto const paintColumns = hasTarget && mPeakTarget.onlyWholePixels ? &WaveformDraw::PaintWholePixels
                                                                      : &WaveformDraw::PaintPeakPicture;
   auto const paint = [&](std::uint32_t* pixels, int pixelsPerRow) {

@@ -14,6 +14,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <optional>
 
 namespace moxmediaui {
 
@@ -55,10 +56,14 @@ CurveScratch& CurveScratch::operator=(CurveScratch const& other) {
 CurveScratch::~CurveScratch() = default;
 
 void CurveScratch::Reserve(std::size_t columns) {
-  if (!mWorkedOut) {
-    mWorkedOut = std::make_shared<std::vector<SincWeights>>();
+  if (columns == 0) {
+    mWorkedOut.reset();
+  } else if (!mWorkedOut || mWorkedOut.use_count() > 1) {
+    // Copies go on with those that they share: another thread may be reading them.
+    mWorkedOut = std::make_shared<std::vector<SincWeights>>(columns);
+  } else {
+    mWorkedOut->resize(columns);
   }
-  mWorkedOut->resize(columns);
 }
 
 void CurveScratch::WorkOut(std::size_t column, float fraction) const {
@@ -167,12 +172,12 @@ void WaveformDraw::DrawSamples(Scriber* scriber, bool selected, int channel, flo
   PenP const pen = scriber->GetSupplier()->NewPen(colour.WithAlpha(look.lineAlpha), kCurveWidth);
   PathP const path = scriber->GetSupplier()->NewPath();
   std::int64_t const firstSample = TruncateToInt64(std::floor(left));
-  std::int64_t remembered = -1;
+  std::optional<std::int64_t> remembered;  // nothing: no window has been filled for this curve
   for (int i = 0; i <= region.width; ++i) {
     auto const x = static_cast<float>(region.left + i);
     CurvePlace const place = FindCurvePlace(x, left);
     std::int64_t const start = SaturatingDifference(TruncateToInt64(place.floor), firstSample);
-    if (start < 0 || start != remembered) {  // -1 is no window that was filled
+    if (start != remembered) {
       CopySampleWindow(samples, count, start, mOversampleBuffer);
       // The window's end, not its start, is what is remembered: the window is filled anew for every point,
       // except when it has moved on by exactly its own length.

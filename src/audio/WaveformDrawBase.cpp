@@ -11,6 +11,7 @@
 
 #include <cmath>
 #include <typeinfo>
+#include <utility>
 
 namespace moxmediaui {
 
@@ -58,6 +59,21 @@ void WaveformDrawBase::Draw(Scriber* scriber, std::shared_ptr<WaveformData> wave
   DrawWaveform(scriber, std::move(waveform), rect, scale);
 }
 
+std::shared_ptr<WaveformData> WaveformDrawBase::WithFade(std::shared_ptr<WaveformData> waveform) const {
+  if (!waveform) {
+    moxcore::config::DoThrowNullPtrException(moxcore::debug::GetTypeName(typeid(WaveformData)));
+  }
+  if (waveform->GetType() == WaveformDataType::kNone || mFadeType == FadeType::kNone ||
+      mFadeStart >= mFadeEnd || !IsAnyChannelEnabled()) {
+    return waveform;
+  }
+  // The buffer may be shared with whoever filled it.
+  std::vector<float> faded = waveform->GetWaveformBuffer();
+  bool const isCurved = mFadeExponential && mFadeAmount != 0.0f;
+  HandleFades(waveform->GetProperties(), isCurved ? std::pow(kEuler, -mFadeAmount) : 0.0f, faded);
+  return std::make_shared<WaveformData>(waveform->GetProperties(), std::move(faded));
+}
+
 bool WaveformDrawBase::DrawsCustomBackground(std::shared_ptr<WaveformData> /*waveform*/) const {
   return false;
 }
@@ -70,13 +86,8 @@ bool WaveformDrawBase::DrawWaveform(Scriber* scriber, std::shared_ptr<WaveformDa
   int const channels = static_cast<std::int32_t>(waveform->GetChannelCount());
   int channelHeight = 0;
   int stride = 0;
-  if (!GetChannelOffsets(TruncateToInt(static_cast<float>(rect.height) / scale), channels, channelHeight,
-                         stride)) {
-    return false;
-  }
-  channelHeight = TruncateToInt(static_cast<float>(channelHeight) * scale);
-  stride = TruncateToInt(static_cast<float>(stride) * scale);
-  if (channelHeight < 1) {
+  if (!CalculateScaledChannelBounds(rect.height, scale, channels, GetLayeredChannels(), GetDrawCenterlines(),
+                                    channelHeight, stride)) {
     return false;
   }
   // NOLINTNEXTLINE(bugprone-integer-division): the middle of the middle row
@@ -95,13 +106,8 @@ bool WaveformDrawBase::DrawWaveform(Scriber* scriber, std::shared_ptr<WaveformDa
     regions = SplitBySelection(rect, selectionLeft, selectionWidth, gain, mGainWholeRange);
   }
 
-  std::vector<float> faded;
-  if (hasAudio && mFadeType != FadeType::kNone && mFadeStart < mFadeEnd && IsAnyChannelEnabled()) {
-    faded = waveform->GetWaveformBuffer();
-    bool const isCurved = mFadeExponential && mFadeAmount != 0.0f;
-    HandleFades(waveform->GetProperties(), isCurved ? std::pow(kEuler, -mFadeAmount) : 0.0f, faded);
-  }
-  float const* const data = faded.empty() ? waveform->GetWaveformBuffer().data() : faded.data();
+  std::shared_ptr<WaveformData> const shown = WithFade(waveform);
+  float const* const data = shown->GetWaveformBuffer().data();
 
   bool const paintsBackground = !DrawsCustomBackground(waveform);
   for (std::size_t i = 0; i < regions.rects.size(); ++i) {

@@ -69,6 +69,39 @@ TEST(PeakTarget, GetsWhatTheImagesHold) {
   EXPECT_GT(painted, 500);
 }
 
+// Two strips of 49 rows that stand 50 apart, below two rows that are left over.
+TEST(PeakTarget, LeavesTheRowsAboveChannelsAtTheBottom) {
+  audio_tests::OpenWaveformDraw draw;
+  draw.SetVerticalChannelAlignment(moxmediaui::VerticalChannelAlignment::kBottom);
+  draw.SetBackgroundColor({0.0f, 0.0f, 1.0f, 1.0f});
+  PeakView const view{
+      .rect = {0, 0, 4, 101}, .channels = 2, .slots = 4, .pairs = std::vector<float>(16, 0.0f)};
+  Words const pixels = DrawInto(draw, view, false, 7);
+  auto const row = [&pixels](std::size_t y) { return pixels.at(y * (4 + kSpare)); };
+  EXPECT_EQ(row(0), 7u);
+  EXPECT_EQ(row(1), 7u);
+  EXPECT_EQ(row(2), 0xFF0000FFu);
+  EXPECT_EQ(row(100), 0xFF0000FFu);
+  EXPECT_NE(row(2 + 24), 0xFF0000FFu) << "silence";
+  EXPECT_NE(row(52 + 24), 0xFF0000FFu) << "silence of the second channel";
+}
+
+// Images end at 32767 pixels, a client's own pixels don't.
+TEST(PeakTarget, TakesSizesThatNoImageHas) {
+  audio_tests::OpenWaveformDraw draw;
+  draw.SetDrawCenterlines(false);
+  for (moxmediaui::RectT<int> const& rect :
+       {moxmediaui::RectT<int>{0, 0, 2, 32769}, moxmediaui::RectT<int>{0, 0, 32768, 2}}) {
+    PeakView const view{.rect = rect,
+                        .channels = 1,
+                        .slots = rect.width,
+                        .pairs = std::vector<float>(static_cast<std::size_t>(rect.width) * 2, 0.5f)};
+    Words const pixels = DrawInto(draw, view, false, 7);
+    EXPECT_NE(pixels.front(), 7u);
+    EXPECT_NE(pixels.at(pixels.size() - kSpare - 1), 7u) << "the last row's last column";
+  }
+}
+
 TEST(PeakTarget, GetsPaintedColumnsOnly) {
   std::mt19937 random(32);
   RandomPeakView view = MakeView(random);

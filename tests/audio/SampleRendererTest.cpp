@@ -1,6 +1,7 @@
 #include "PeakPictures.h"
 #include "PlainPeakRenderer.h"
 #include "PlainSampleRenderer.h"
+#include "RecordedSamples.h"
 
 #include <moxcore/config/Errors.h>
 #include <moxcore/utility/MemoryRecycler.h>
@@ -17,7 +18,12 @@
 
 namespace {
 
+using audio_tests::CurvePoints;
+using audio_tests::MakeChannels;
+using audio_tests::MakeData;
+using audio_tests::Only;
 using audio_tests::OpenWaveformDraw;
+using audio_tests::RecordSamples;
 using audio_tests::SampleRegion;
 using moxmediaui::LayeredChannelDrawingStyle;
 using moxmediaui::PointT;
@@ -27,65 +33,23 @@ using moxui::testing::RecordedCall;
 using moxui::testing::Refusal;
 using ::testing::HasSubstr;
 
-std::shared_ptr<WaveformData> MakeData(std::vector<std::vector<float>> const& channels) {
-  std::vector<float> samples;
-  for (std::vector<float> const& channel : channels) {
-    samples.insert(samples.end(), channel.begin(), channel.end());
+/// Works out beforehand some of what curves have in common, in parts.
+void WorkOutSome(OpenWaveformDraw& draw, int columns, int manner) {
+  int const reserved = manner == 1 ? columns / 2 : columns + 1;
+  if (manner == 2) {
+    // For another view, which is of no use for this one.
+    double const left = draw.GetViewLeft();
+    double const samplesPerPixel = draw.GetSamplesPerPixel();
+    draw.SetViewRange(left + 0.3, samplesPerPixel * 1.1);
+    draw.ReserveCurve(reserved);
+    draw.WorkOutCurve(0, reserved);
+    draw.SetViewRange(left, samplesPerPixel);
   }
-  return std::make_shared<WaveformData>(
-      moxmediaui::WaveformDataProperties{moxmediaui::WaveformDataType::kSamples, channels.at(0).size(),
-                                         channels.size()},
-      std::move(samples));
-}
-
-std::vector<std::vector<float>> MakeChannels(std::mt19937& random, int channels, int count) {
-  std::uniform_real_distribution<float> value(-1.3f, 1.3f);
-  std::vector<std::vector<float>> result(static_cast<std::size_t>(channels));
-  for (std::vector<float>& channel : result) {
-    for (int i = 0; i < count; ++i) {
-      channel.push_back(value(random));
-    }
+  draw.ReserveCurve(reserved);
+  if (manner != 3) {
+    draw.WorkOutCurve(columns / 3, columns + 1);
+    draw.WorkOutCurve(-4, columns / 3);
   }
-  return result;
-}
-
-/// What drawing really calls: of the layers, of makers of pens and paths for them, and of images.
-std::vector<RecordedCall> RecordSamples(OpenWaveformDraw const& draw,
-                                        std::shared_ptr<WaveformData> const& data, RectT<int> const& rect,
-                                        float scale = 1.0f) {
-  moxui::testing::RecordingSupplier supplier;
-  moxui::scriber::SurfaceP const surface = supplier.NewOffscreenSurface(800, 400, 1.0f);
-  supplier.Clear();
-  moxui::scriber::Scriber scriber(&supplier, surface.Get());
-  draw.Draw(&scriber, data, rect, scale);
-  std::vector<RecordedCall> calls;
-  bool inLayer = false;
-  for (RecordedCall const& call : supplier.GetCalls()) {
-    inLayer = inLayer || call.operation == "NewOffscreenSurface";
-    if (inLayer) {
-      calls.push_back(call);
-    }
-    inLayer = inLayer && call.operation != "DrawImage";
-  }
-  return calls;
-}
-
-/// The points of all curves, one curve after the other.
-std::vector<PointT<float>> CurvePoints(std::vector<RecordedCall> const& calls) {
-  std::vector<PointT<float>> points;
-  for (RecordedCall const& call : calls) {
-    if (call.operation == "StrokePath") {
-      for (auto const& segment : call.path) {
-        points.push_back(segment.points.at(0));
-      }
-    }
-  }
-  return points;
-}
-
-std::vector<RecordedCall> Only(std::string_view operation, std::vector<RecordedCall> calls) {
-  std::erase_if(calls, [&](RecordedCall const& call) { return call.operation != operation; });
-  return calls;
 }
 
 TEST(SampleRenderer, CallsWhatThePlainRendererCallsForAnySettings) {
@@ -121,6 +85,9 @@ TEST(SampleRenderer, CallsWhatThePlainRendererCallsForAnySettings) {
       double const first = draw.GetViewLeft() + roll(-20, 120) * spp;
       draw.SetSelection(region.rect, static_cast<std::int64_t>(first),
                         static_cast<std::int64_t>(roll(0, 80) * spp) + 1, ignored);
+    }
+    if (int const manner = roll(0, 4); manner > 0) {
+      WorkOutSome(draw, region.rect.width, manner);
     }
     std::vector<RecordedCall> expected;
     int layer = 1;

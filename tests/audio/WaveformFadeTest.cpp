@@ -1,10 +1,17 @@
 #include "PeakPictures.h"
 #include "PlainPeakRenderer.h"
 
+#include <moxcore/config/Errors.h>
+#include <moxui/scriber/Scriber.h>
+#include <moxui/scriber/SurfaceInterface.h>
+#include <moxui/testing/RecordingSupplier.h>
+
 #include <gtest/gtest.h>
 
 #include <cmath>
 #include <limits>
+#include <memory>
+#include <vector>
 
 namespace {
 
@@ -77,6 +84,98 @@ TEST(WaveformFade, AnAmountBeyondWhatFloatsCanBendIsAStraightLine) {
   draw.SetFadeInfo(FadeType::kIn, 0, 100, true, 1000.0f);
   EXPECT_EQ(draw.GetFadeValue(0.0f, 0.0f), 0.0f);
   EXPECT_EQ(draw.GetFadeValue(0.5f, 0.0f), 1.0f);
+}
+
+/// Takes note of the values that are drawn, and draws none.
+class NotedValues : public moxmediaui::WaveformDraw {
+ public:
+  std::vector<float> ValuesOf(std::shared_ptr<moxmediaui::WaveformData> const& data, int columns) {
+    moxui::testing::RecordingSupplier supplier;
+    moxui::scriber::SurfaceP const surface = supplier.NewOffscreenSurface(100, 100, 1.0f);
+    moxui::scriber::Scriber scriber(&supplier, surface.Get());
+    mValues.clear();
+    Draw(&scriber, data, {0, 0, columns, 50}, 1.0f);
+    return mValues;
+  }
+
+ private:
+  bool DoDrawWaveform(moxmediaui::Scriber*, moxmediaui::WaveformDataProperties const& properties,
+                      moxmediaui::RectT<int> const&, float const* data, int, int, bool, float,
+                      moxmediaui::RectT<int>, int, int, float) const override {
+    bool const hasPairs = properties.type == moxmediaui::WaveformDataType::kPeaks;
+    mValues.assign(data, data + properties.dataSlots * properties.channelCount * (hasPairs ? 2 : 1));
+    return true;
+  }
+
+  mutable std::vector<float> mValues;
+};
+
+// Columns 0 to 9: column 3 is a third of the way.
+TEST(DrawnFade, APeakTakesTheBentCurvesValue) {
+  auto const data = audio_tests::MakePeaks(1, 10, std::vector<float>(20, 0.5f));
+  NotedValues draw;
+  draw.SetEnabledChannels({true});
+  draw.SetFadeInfo(FadeType::kIn, 0, 10, true, 3.0f);
+  auto const values = draw.ValuesOf(data, 10);
+  ASSERT_EQ(values.size(), 20u);
+  // 1 - (e^-1 - e^-3) / (1 - e^-3)
+  EXPECT_NEAR(values[6], 0.5f * 0.66524f, 1e-5);
+  EXPECT_EQ(values[7], values[6]);
+  EXPECT_NEAR(values[0], 0.0f, 1e-6);
+  EXPECT_NEAR(values[18], 0.5f, 1e-6);
+  EXPECT_EQ(data->GetWaveformBuffer(), std::vector<float>(20, 0.5f));
+}
+
+TEST(DrawnFade, APeakTakesTheCosinesValue) {
+  NotedValues draw;
+  draw.SetEnabledChannels({true});
+  draw.SetFadeInfo(FadeType::kIn, 0, 10, false, 2.0f);
+  auto const values = draw.ValuesOf(audio_tests::MakePeaks(1, 10, std::vector<float>(20, 1.0f)), 10);
+  // (1 - cos(pi / 9)) / 2
+  EXPECT_NEAR(values.at(6), 0.030154f, 1e-5);
+  EXPECT_NEAR(values.at(18), 1.0f, 1e-6);
+}
+
+// Index 22 holds the sample at position 0: that at 3 is three tenths of the way.
+TEST(DrawnFade, ASampleTakesTheCurvesValueThatBendsDown) {
+  NotedValues draw;
+  draw.SetEnabledChannels({true});
+  draw.SetFadeInfo(FadeType::kIn, 0, 10, true, -3.0f);
+  auto const values = draw.ValuesOf(audio_tests::MakeSamples(1, std::vector<float>(60, 1.0f)), 10);
+  // 1 - (e^0.9 - e^3) / (1 - e^3)
+  EXPECT_NEAR(values.at(22 + 3), 0.076476f, 1e-5);
+  EXPECT_NEAR(values.at(22), 0.0f, 1e-6);
+  EXPECT_NEAR(values.at(22 + 10), 1.0f, 1e-6);
+  EXPECT_EQ(values.at(21), 1.0f);
+  EXPECT_EQ(values.at(22 + 11), 1.0f);
+}
+
+TEST(DrawnFade, WhatWasFadedOnceIsDrawnInPiecesWithoutAFade) {
+  NotedValues draw;
+  draw.SetEnabledChannels({true, false});
+  draw.SetFadeInfo(FadeType::kOut, 2, 9, true, 3.0f);
+  for (auto const& data : {audio_tests::MakePeaks(2, 10, std::vector<float>(40, 0.5f)),
+                           audio_tests::MakeSamples(2, std::vector<float>(60, 0.5f))}) {
+    auto const faded = draw.WithFade(data);
+    EXPECT_NE(faded, data);
+    EXPECT_EQ(faded->GetProperties(), data->GetProperties());
+    EXPECT_EQ(faded->GetWaveformBuffer(), draw.ValuesOf(data, 10));
+    EXPECT_NE(faded->GetWaveformBuffer(), data->GetWaveformBuffer());
+  }
+}
+
+TEST(DrawnFade, WithoutAFadeTheDataIsItself) {
+  OpenWaveformDraw draw;
+  auto const data = audio_tests::MakePeaks(1, 10, std::vector<float>(20, 0.5f));
+  draw.SetFadeInfo(FadeType::kIn, 0, 10, true, 3.0f);
+  EXPECT_EQ(draw.WithFade(data), data) << "nothing said of channels";
+  draw.SetEnabledChannels({true});
+  EXPECT_NE(draw.WithFade(data), data);
+  auto const nothing = std::make_shared<moxmediaui::WaveformData>();
+  EXPECT_EQ(draw.WithFade(nothing), nothing);
+  draw.SetFadeInfo(FadeType::kNone, 0, 10, true, 3.0f);
+  EXPECT_EQ(draw.WithFade(data), data);
+  EXPECT_THROW(draw.WithFade(nullptr), moxcore::config::mox_exception);
 }
 
 /// Peaks whose values are what a fade is expected to leave of a constant.

@@ -72,6 +72,18 @@ TEST_F(WaveformFrame, WithoutChannelsTheControlColourFillsAll) {
   EXPECT_THAT(OnSurface(), ElementsAre(fill, fill));
 }
 
+// A count of channels is one of 32 bits with a sign.
+TEST_F(WaveformFrame, ANegativeNumberOfChannelsIsNone) {
+  mDraw.SetControlColor({0.1f, 0.2f, 0.3f, 1.0f});
+  for (std::size_t const channels : {std::size_t{1} << 31, std::size_t{0xFFFFFFFF}}) {
+    Draw(MakeNothing(channels), {0, 0, 50, 40});
+    ASSERT_EQ(OnSurface().size(), 1u);
+    EXPECT_EQ(OnSurface()[0].rect, (RectT<float>{0, 0, 50, 40}));
+    EXPECT_EQ(OnSurface()[0].colour, mDraw.GetControlColor());
+    mSupplier.Clear();
+  }
+}
+
 TEST_F(WaveformFrame, RectanglesWithoutAreaDrawNothing) {
   for (RectT<int> const& rect : {RectT<int>{0, 0, 0, 10}, RectT<int>{0, 0, 10, 0}, RectT<int>{0, 0, -5, 10},
                                  RectT<int>{0, 0, 10, std::numeric_limits<int>::min()}}) {
@@ -109,6 +121,10 @@ TEST_F(WaveformFrame, PeaksThatDontFitIntoAnImageDrawNothing) {
   Draw(MakePeaks(1, 4, std::vector<float>(8, 0.5f)), {0, 0, 4, 32767});
   Draw(MakePeaks(1, 32767, std::vector<float>(65534, 0.5f)), {0, 0, 32767, 4});
   EXPECT_EQ(mSupplier.GetCalls("NewImage").size(), 2u);
+  // So much of a longer one fits.
+  mDraw.SetPaintedColumns(32760, 32768);
+  Draw(MakePeaks(1, 32768, std::vector<float>(65536, 0.5f)), {0, 0, 32768, 4});
+  EXPECT_EQ(mSupplier.GetCalls("NewImage").size(), 3u);
 }
 
 TEST_F(WaveformFrame, TooFewRowsForTheChannelsDrawNothing) {
@@ -168,13 +184,79 @@ TEST_F(WaveformFrame, RemainsLieAboveWhenChannelsAreAlignedWithTheBottom) {
   EXPECT_THAT(Fills(), ElementsAre(RectT<float>{0, 5, 100, 101}, RectT<float>{0, 0, 100, 7}));
 }
 
-TEST_F(WaveformFrame, LayeredChannelsHaveNoDividersAndOneGround) {
+// So does any alignment but that with the top.
+TEST_F(WaveformFrame, AnAlignmentWithoutANameIsThatWithTheBottom) {
+  mDraw.SetVerticalChannelAlignment(static_cast<moxmediaui::VerticalChannelAlignment>(2));
+  Draw(MakePeaks(2, 100, std::vector<float>(400, 0.5f)), {0, 0, 100, 101});
+  EXPECT_THAT(Fills(), ElementsAre(RectT<float>{0, 0, 100, 2}));
+  EXPECT_EQ(mSupplier.GetCalls("DrawImage").at(0).point.y, 2.0f);
+}
+
+TEST_F(WaveformFrame, LayeredChannelsHaveOneGroundToARegion) {
   mDraw.SetLayeredChannels(true);
   mDraw.SetEnabledChannels({true, true});
   Select(10, 20);
   Draw(MakeNothing(2), {0, 0, 100, 101});
   EXPECT_THAT(Clips(), ElementsAre(RectT<float>{0, 0, 10, 101}, RectT<float>{30, 0, 70, 101},
                                    RectT<float>{10, 0, 20, 101}));
+}
+
+// Also where the strip lost a row to have a middle, so that its stride is -1.
+TEST_F(WaveformFrame, LayeredChannelsHaveNoDividers) {
+  ColorRGBA const divider{0.1f, 0.2f, 0.3f, 1.0f};
+  mDraw.SetDividerColor(divider);
+  auto const dividers = [&] {
+    auto strokes = mSupplier.GetCalls("StrokePath");
+    std::erase_if(strokes, [&](RecordedCall const& call) { return call.colour != divider; });
+    mSupplier.Clear();
+    return strokes.size();
+  };
+  for (int const height : {100, 101}) {
+    RectT<int> const rect{0, 0, 100, height};
+    mDraw.SetLayeredChannels(true);
+    Draw(MakeNothing(2), rect);
+    EXPECT_EQ(dividers(), 0u) << height;
+    Draw(MakePeaks(2, 100, std::vector<float>(400, 0.5f)), rect);
+    EXPECT_EQ(dividers(), 0u) << height;
+    mDraw.SetLayeredChannels(false);
+    Draw(MakeNothing(2), rect);
+    EXPECT_EQ(dividers(), 1u) << height;
+  }
+}
+
+// The strip of 100 rows gave one up to have a middle.
+TEST_F(WaveformFrame, ALayeredStripOfEvenHeightLeavesARow) {
+  mDraw.SetLayeredChannels(true);
+  Draw(MakeNothing(2), {0, 0, 100, 100});
+  EXPECT_THAT(Fills(), ElementsAre(RectT<float>{0, 0, 100, 100}, RectT<float>{0, 99, 100, 1}));
+  mSupplier.Clear();
+  mDraw.SetVerticalChannelAlignment(moxmediaui::VerticalChannelAlignment::kBottom);
+  Draw(MakeNothing(2), {0, 0, 100, 100});
+  EXPECT_THAT(Fills(), ElementsAre(RectT<float>{0, 0, 100, 100}, RectT<float>{0, 0, 100, 1}));
+}
+
+// Strips stand at 0 and 50 whatever the rectangle's top; the selection is what of them lies within it.
+TEST_F(WaveformFrame, ASelectionKeepsWithinARectangleThatBeginsLower) {
+  mDraw.SetEnabledChannels({true, true});
+  Select(10, 20);
+  Draw(MakeNothing(2), {0, 5, 100, 101});
+  EXPECT_THAT(Clips(), ElementsAre(RectT<float>{0, 0, 10, 101}, RectT<float>{30, 0, 70, 101},
+                                   RectT<float>{10, 50, 20, 49}, RectT<float>{10, 5, 20, 44}));
+  auto const fills = Fills();
+  ASSERT_EQ(fills.size(), 7u);
+  // The last strip ends at 99, the rectangle at 106.
+  EXPECT_EQ(fills[4], (RectT<float>{0, 99, 10, 7}));
+  EXPECT_EQ(fills[5], (RectT<float>{30, 99, 70, 7}));
+  EXPECT_EQ(fills[6], (RectT<float>{10, 99, 20, 7}));
+}
+
+TEST_F(WaveformFrame, ASelectionKeepsWithinARectangleThatBeginsHigher) {
+  mDraw.SetEnabledChannels({true, true});
+  Select(10, 20);
+  Draw(MakeNothing(2), {0, -5, 100, 101});
+  EXPECT_THAT(Clips(), ElementsAre(RectT<float>{0, 0, 10, 101}, RectT<float>{30, 0, 70, 101},
+                                   RectT<float>{10, 50, 20, 46}, RectT<float>{10, 0, 20, 49}));
+  EXPECT_EQ(Fills().size(), 4u);  // grounds; the rectangle ends at 96, above the last strip's end
 }
 
 TEST_F(WaveformFrame, ASelectionIsLeftRightAndThenItselfByChannelFromTheLast) {

@@ -64,7 +64,7 @@ RectT<float> ChannelGutter::StripRect(std::size_t channel) const {
 std::optional<ChannelStrips> ChannelGutter::Strips() const {
   double const screen = GetViewScaleFactor();
   WaveformSettings const& settings = mSession.Settings();
-  int const rows = static_cast<int>(UI_GetLocalRectF(false).height * screen);
+  int const rows = static_cast<int>(std::lround(UI_GetLocalRectF(false).height * GetViewScaleFactor()));
   return LayOutStrips(settings, static_cast<int>(mSession.Current().ChannelCount()), rows,
                       settings.drawScale.value_or(screen), mSession.DrawsSamples());
 }

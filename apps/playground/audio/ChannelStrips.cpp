@@ -14,14 +14,15 @@ double ChannelStrips::Centre() const {
 std::optional<ChannelStrips> LayOutStrips(WaveformSettings const& settings, int channelCount, int rows,
                                           double scale, bool drawsSamples) {
   ChannelStrips strips;
-  if (channelCount < 1 || !(scale > 0.0) ||
-      !moxmediaui::AudioDataDrawBase::CalculateVerticalChannelBounds(
-          static_cast<int>(rows / scale), channelCount, settings.layered, settings.centerlines, strips.height,
-          strips.stride)) {
+  // The renderer's own arithmetic: that of doubles rounds some strips otherwise.
+  if (channelCount < 1 || !moxmediaui::AudioDataDrawBase::CalculateScaledChannelBounds(
+                              rows, static_cast<float>(scale), channelCount, settings.layered,
+                              settings.centerlines, strips.height, strips.stride)) {
     return std::nullopt;
   }
-  strips.height = static_cast<int>(strips.height * scale);
-  strips.stride = settings.layered ? 0 : static_cast<int>(strips.stride * scale);
+  if (settings.layered) {
+    strips.stride = 0;
+  }
   if (settings.alignBottom && !drawsSamples) {
     strips.top = rows - ((channelCount - 1) * strips.stride + strips.height);
   }

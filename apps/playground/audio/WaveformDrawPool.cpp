@@ -20,6 +20,7 @@ WaveformDrawPool::Loan WaveformDrawPool::Take(moxmediaui::WaveformDraw const& li
 }
 
 void WaveformDrawPool::TakeBack(std::unique_ptr<moxmediaui::WaveformDraw> draw) {
+  draw->ReserveCurve(0);  // who keeps what all have in common can go on with it
   std::lock_guard const lock(mMutex);
   mFree.push_back(std::move(draw));
 }

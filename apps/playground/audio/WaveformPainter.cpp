@@ -31,6 +31,16 @@ bool ShowsPeaks(DrawnWaveform const& drawn) {
   return drawn.data->GetType() == waveform::WaveformDataType::kPeaks;
 }
 
+// Whether the gain of all columns is another than it would be without the selection: samples have none
+// wherever something is selected, peaks have none outside what is selected in the view.
+bool HasGainOfSelection(DrawnWaveform const& drawn, SampleSelection const& selection,
+                        ColumnSpan const& selected) {
+  if (drawn.settings.gainDecibel == 0.0) {
+    return false;
+  }
+  return ShowsPeaks(drawn) ? !selected.IsEmpty() && !drawn.settings.gainWholeRange : !selection.IsEmpty();
+}
+
 // Whether the picture is cut to a band for each channel.
 bool HasBandsOfChannels(DrawnWaveform const& drawn) {
   return !ShowsPeaks(drawn) && drawn.strips && !drawn.settings.layered;
@@ -188,7 +198,7 @@ bool WaveformPainter::DrawPicture(moxui::scriber::Scriber& scriber, Viewport con
     return true;
   }
   PrepareDraw(view, rows, scale);
-  DrawnWaveform const drawn = Gather(view, rows, scale);
+  DrawnWaveform drawn = Gather(view, rows, scale);
   SampleSelection const& selection = mSession.Selection();
   ColumnSpan const selected = SelectedColumns(view, selection.Left(), selection.Width());
   bool const showsPeaks = ShowsPeaks(drawn);
@@ -200,15 +210,16 @@ bool WaveformPainter::DrawPicture(moxui::scriber::Scriber& scriber, Viewport con
                           .rows = rows,
                           .scale = scale,
                           .isGrowing = drawn.isGrowing,
-                          .showsSelection = !selected.IsEmpty(),
+                          .gainIsSelections = HasGainOfSelection(drawn, selection, selected),
+                          .curveCut = showsPeaks ? ColumnSpan() : selected,
                           // Curves through samples, and fades, lie at fractions of columns.
                           .left = showsPeaks && !isFaded ? std::nullopt : std::optional(view.Left())};
-  if (!showsPeaks) {
-    WorkOutCurve(mDraw, columns);
+  WaveformPlace const place{view.LeftPixel(), selected, mDraw.GetVerticalGridlinePositions()};
+  if (!mPicture.IsUpToDate(look, place)) {
+    PrepareForPieces(drawn);
   }
-  bool const isUpToDate =
-      mPicture.Update(look, {view.LeftPixel(), selected, mDraw.GetVerticalGridlinePositions()}, CutOf(drawn),
-                      [&](WaveformPicture::Piece const& piece) { PaintPiece(piece, drawn); });
+  bool const isUpToDate = mPicture.Update(
+      look, place, CutOf(drawn), [&](WaveformPicture::Piece const& piece) { PaintPiece(piece, drawn); });
   auto const left = static_cast<float>(first);
   auto const width = static_cast<float>(last - first);
   return isUpToDate && mPicture.Draw(scriber, {first, last},
@@ -228,6 +239,17 @@ void WaveformPainter::DrawInPlace(moxui::scriber::Scriber& scriber, RectT<float>
   DrawnWaveform const drawn = Gather(view, rows, 1.0f);
   PaintWave(scriber, drawn, mDraw);
   PaintMarks(scriber, drawn);
+}
+
+void WaveformPainter::PrepareForPieces(DrawnWaveform& drawn) {
+  drawn.data = mDraw.WithFade(drawn.data);
+  if (drawn.rms) {
+    drawn.rms = mDraw.WithFade(drawn.rms);
+  }
+  mDraw.SetFadeInfo(moxmediaui::FadeType::kNone, 0, 0, true, 0.0f);
+  if (!ShowsPeaks(drawn)) {
+    WorkOutCurve(mDraw, drawn.columns);
+  }
 }
 
 WaveformPicture::Cut WaveformPainter::CutOf(DrawnWaveform const& drawn) {

@@ -45,6 +45,8 @@ class WaveformPainter {
   bool DrawPicture(moxui::scriber::Scriber& scriber, Viewport const& view, int rows, float scale);
   // A column to each logical pixel, without a picture and without RMS.
   void DrawInPlace(moxui::scriber::Scriber& scriber, moxui::RectT<float> const& own, Viewport view);
+  // Does once what all pieces would do again: fades, and works out what curves have in common.
+  void PrepareForPieces(DrawnWaveform& drawn);
   // How the picture of it is cut, so that several threads paint it.
   static WaveformPicture::Cut CutOf(DrawnWaveform const& drawn);
   // On several threads at once.

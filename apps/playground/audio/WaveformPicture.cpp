@@ -73,7 +73,8 @@ ColumnSpan SelectedColumns(Viewport const& view, std::int64_t left, std::int64_t
   if (span.IsEmpty() && begin < view.Left() + view.VisibleSamples() && end > view.Left()) {
     span.last = span.first + 1;
   }
-  return span.IsEmpty() ? ColumnSpan{} : span;
+  // It may begin in a column of which the view has a part only, behind the last one that is drawn.
+  return span.IsEmpty() || span.first >= view.Width() ? ColumnSpan{} : span;
 }
 
 int WaveformPicture::Stride() const {
@@ -104,16 +105,23 @@ std::vector<ColumnSpan> WaveformPicture::ChangedColumns(WaveformPlace const& pla
     AddSpan(spans, {std::min(columns - shift, columns) - kEdge, columns}, columns);
   }
   ColumnSpan const before{mPlace.selected.first - shift, mPlace.selected.last - shift};
+  auto const addBetween = [&](std::int64_t a, std::int64_t b) {
+    if (a != b) {
+      AddSpan(spans, {std::min(a, b), std::max(a, b)}, columns);
+    }
+  };
   if (mPlace.selected.IsEmpty() || place.selected.IsEmpty()) {
-    AddSpan(spans, mPlace.selected.IsEmpty() ? place.selected : before, columns);
-  } else if (!(before == place.selected)) {
-    AddSpan(spans,
-            {std::min(before.first, place.selected.first), std::max(before.first, place.selected.first)},
-            columns);
-    AddSpan(spans, {std::min(before.last, place.selected.last), std::max(before.last, place.selected.last)},
-            columns);
+    ColumnSpan const& only = mPlace.selected.IsEmpty() ? place.selected : before;
+    addBetween(only.first, only.last);
+  } else {
+    addBetween(before.first, place.selected.first);
+    addBetween(before.last, place.selected.last);
   }
   return Merged(std::move(spans));
+}
+
+bool WaveformPicture::IsUpToDate(WaveformLook const& look, WaveformPlace const& place) const {
+  return CanMoveTo(look, place) && ChangedColumns(place).empty();
 }
 
 void WaveformPicture::Move(std::int64_t shift) {

@@ -20,6 +20,15 @@ class Scriber;
 
 namespace playground {
 
+// From `first` up to but not including `last`.
+struct ColumnSpan {
+  std::int64_t first = 0;
+  std::int64_t last = 0;
+
+  bool IsEmpty() const { return first >= last; }
+  bool operator==(ColumnSpan const&) const = default;
+};
+
 // What the columns of a waveform's picture look like, but for where they are in the sound. Columns of equal
 // looks can stay as they were painted.
 struct WaveformLook {
@@ -30,20 +39,14 @@ struct WaveformLook {
   int rows = 0;
   float scale = 1.0f;
   bool isGrowing = false;
-  bool showsSelection = false;  // of which the gain of all columns may depend
+  bool gainIsSelections = false;  // in all columns
+  // Where curves are cut, if any are drawn: their parts look otherwise at their ends, and to a rounding in
+  // all columns.
+  ColumnSpan curveCut = {};
   // Where columns depend on the place of the view to a fraction of a column: that place.
   std::optional<double> left = {};
 
   bool operator==(WaveformLook const&) const = default;
-};
-
-// From `first` up to but not including `last`.
-struct ColumnSpan {
-  std::int64_t first = 0;
-  std::int64_t last = 0;
-
-  bool IsEmpty() const { return first >= last; }
-  bool operator==(ColumnSpan const&) const = default;
 };
 
 // What of a picture is tied to columns, all counted from the left edge of the view.
@@ -80,6 +83,8 @@ class WaveformPicture {
     std::vector<std::int64_t> bands = {0};  // the first row of each, from 0 on
   };
 
+  // Whether there is nothing to paint.
+  bool IsUpToDate(WaveformLook const& look, WaveformPlace const& place) const;
   // Brings the picture up to date. `paint` is called for one piece after the other, on this thread and on
   // others at the same time. False where there is no surface to be had. What `paint` throws leaves an empty
   // picture.

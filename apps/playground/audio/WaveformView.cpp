@@ -126,9 +126,19 @@ void WaveformView::SelectionChanged() {
   RectT<int> const pixels{0, 0, Columns(scale), static_cast<int>(std::lround(own.height * scale))};
   RectT<int> changed;
   moxmediaui::WaveformDraw& wave = mPainter->Wave();
-  wave.SetViewRange(mSession.View().Left(), mSession.View().SamplesPerPixel());
+  Viewport const& view = mSession.View();
+  wave.SetViewRange(view.Left(), view.SamplesPerPixel());
+  // What the gain of all columns depends on, of samples and of peaks.
+  auto const isThereAndInView = [&wave, &view] {
+    return std::pair(wave.GetSelectionWidth() > 0,
+                     !SelectedColumns(view, wave.GetSelectionLeft(), wave.GetSelectionWidth()).IsEmpty());
+  };
+  auto const before = isThereAndInView();
   wave.SetSelection(pixels, selection.Left(), selection.Width(), changed);
-  if (!changed.IsEmpty()) {
+  bool const changesGain = mSession.Settings().gainDecibel != 0.0 && isThereAndInView() != before;
+  if (changesGain || (!changed.IsEmpty() && mSession.DrawsSamples())) {
+    UI_Invalidate();  // a curve through samples is drawn anew from end to end
+  } else if (!changed.IsEmpty()) {
     RectT<float> const pixelsChanged(changed);
     UI_Invalidate({pixelsChanged.left / scale, pixelsChanged.top / scale, pixelsChanged.width / scale,
                    pixelsChanged.height / scale});

@@ -86,5 +86,20 @@ TEST(ChannelStrips, LieAsTheRendererLaysThemOut) {
   EXPECT_FALSE(LayOutStrips(settings, 0, 101, 1.0, false).has_value());
 }
 
+// 42 / 1.2 is 35 in floats and a hair less in doubles, which have no float between them and 35.
+TEST(ChannelStrips, AreRoundedAsTheRendererRoundsThem) {
+  WaveformSettings settings;
+  auto strips = LayOutStrips(settings, 2, 42, 1.2f, true);
+  ASSERT_TRUE(strips.has_value());
+  EXPECT_EQ(strips->height, 20);
+  EXPECT_EQ(strips->stride, 21);
+  // 30 / 1.2 is 25 in doubles and a hair less in floats: 24 units are two strips of 11, and a divider.
+  settings.centerlines = false;
+  strips = LayOutStrips(settings, 2, 30, 1.2, true);
+  ASSERT_TRUE(strips.has_value());
+  EXPECT_EQ(strips->height, 13);
+  EXPECT_EQ(strips->stride, 14);
+}
+
 }  // namespace
 }  // namespace playground

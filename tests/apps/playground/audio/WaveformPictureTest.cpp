@@ -1,11 +1,8 @@
 #include "audio/AudioSession.h"
 #include "audio/WaveformPainter.h"
 #include "audio/WaveformPicture.h"
+#include "playground/audio/PaintedWaveforms.h"
 
-#include <moxaudiotoolkit/DecodedAudio.h>
-#include <moxaudiotoolkit/peaks/PeakBuilder.h>
-#include <moxaudiotoolkit/peaks/SampleSource.h>
-#include <moxui/scriber/RasterSupplier.h>
 #include <moxui/scriber/Scriber.h>
 #include <moxui/scriber/SurfaceInterface.h>
 
@@ -24,27 +21,6 @@
 
 namespace playground {
 namespace {
-
-using moxui::scriber::GetRasterSupplier;
-using moxui::scriber::NewRasterSurfaceOver;
-using moxui::scriber::Scriber;
-
-// Pixels, and a surface to draw on them.
-class Canvas {
- public:
-  Canvas(int width, int height, float scale = 1.0f)
-      : mPixels(static_cast<std::size_t>(width) * static_cast<std::size_t>(height), 0xFF123456u),
-        mSurface(NewRasterSurfaceOver(mPixels.data(), width, height, width * 4, scale, true)),
-        mScriber(GetRasterSupplier(), mSurface.Get()) {}
-
-  Scriber& Draw() { return mScriber; }
-  std::vector<std::uint32_t> const& Pixels() const { return mPixels; }
-
- private:
-  std::vector<std::uint32_t> mPixels;
-  moxui::scriber::SurfaceP mSurface;
-  Scriber mScriber;
-};
 
 constexpr int kColumns = 40;
 constexpr int kRows = 4;
@@ -158,6 +134,17 @@ TEST(WaveformPicture, ASelectionPaintsWhatIsBetweenItsEnds) {
   EXPECT_EQ(stripes.painted, 9);
 }
 
+TEST(WaveformPicture, IsUpToDateUntilThereIsSomethingToPaint) {
+  Stripes stripes;
+  EXPECT_FALSE(stripes.Picture().IsUpToDate(stripes.look, {}));
+  stripes.Show(5, {.selected = {1, 2}});
+  EXPECT_TRUE(stripes.Picture().IsUpToDate(stripes.look, {.leftPixel = 5, .selected = {1, 2}}));
+  EXPECT_FALSE(stripes.Picture().IsUpToDate(stripes.look, {.leftPixel = 5, .selected = {1, 3}}));
+  EXPECT_FALSE(stripes.Picture().IsUpToDate(stripes.look, {.leftPixel = 6, .selected = {1, 2}}));
+  stripes.look.curveCut = {1, 2};
+  EXPECT_FALSE(stripes.Picture().IsUpToDate(stripes.look, {.leftPixel = 5, .selected = {1, 2}}));
+}
+
 TEST(WaveformPicture, APaintingThatFailsLeavesNothingBehind) {
   Stripes stripes;
   stripes.Show(0);
@@ -166,23 +153,6 @@ TEST(WaveformPicture, APaintingThatFailsLeavesNothingBehind) {
                std::runtime_error);
   stripes.Show(3);
   EXPECT_EQ(stripes.painted, kColumns);
-}
-
-// Noise that swells up to clipping, another in each channel.
-AudioDocument Noise(int channels, std::size_t frames) {
-  std::mt19937 random(5);
-  std::uniform_real_distribution<float> value(-1.3f, 1.3f);
-  std::vector<std::vector<float>> samples(static_cast<std::size_t>(channels), std::vector<float>(frames));
-  for (auto& channel : samples) {
-    for (std::size_t i = 0; i < frames; ++i) {
-      channel[i] = std::clamp(value(random) * static_cast<float>(i % 5000) / 5000.0f, -1.0f, 1.0f);
-    }
-  }
-  auto const source = moxaudiotoolkit::MakeSampleSource(
-      std::make_shared<moxaudiotoolkit::DecodedAudio>(8000, std::move(samples)));
-  moxaudiotoolkit::PeakBuilder builder(source);
-  builder.Wait();
-  return {"noise", source, builder.GetPyramid()};
 }
 
 // A way to show a waveform.

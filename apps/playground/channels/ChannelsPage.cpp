@@ -32,6 +32,8 @@ using moxui::ui::ThemeColorID;
 // In the order of the page's states.
 enum class Situation { kFits, kWithoutPreset, kRefused };
 
+// The program's own sound among the session's documents.
+constexpr std::size_t kOwnDocument = 0;
 constexpr float kTop = 8.0f;
 constexpr float kLineHeight = 20.0f;
 constexpr float kEdgeWidth = 4.0f;
@@ -168,8 +170,8 @@ void ChannelsPage::Apply() {
   mDesk.SetRefusedBy(std::nullopt);
   if (mSession.HasSound() && layout.size() != mSession.Current().ChannelCount()) {
     mDesk.SetRefusedBy(mSession.CurrentIndex());
-  } else {
-    mSession.SetLayout(layout);
+  } else if (mSession.SetLayout(layout) && mSession.CurrentIndex() == kOwnDocument) {
+    mDesk.SetLayoutForOwnSound(layout);
   }
 }
 

@@ -33,6 +33,12 @@ void ShowAppearance(Window& window, Appearance const& appearance) {
   window.SetMinimumSize({kSmallestWindowWidth * zoom, kSmallestWindowHeight * zoom});
 }
 
+// The session begins with the program's own sound; files are opened on other threads and join it later.
+void RecallLayouts(ProgramState& state, Settings const& settings) {
+  state.channels.Recall(settings.layouts);
+  state.audio.SetLayout(state.channels.LayoutForOwnSound());
+}
+
 void QuitOncePainted(Application& application, Window& window) {
   application.PostDelayed(kPaintCheck, [&application, &window] {
     if (window.IsShown() && !window.GetTree().NeedsFrame()) {
@@ -46,6 +52,7 @@ void QuitOncePainted(Application& application, Window& window) {
 }  // namespace
 
 int RunWindow(Application& application, ProgramState& state, Settings settings, bool quitsAfterFirstPaint) {
+  RecallLayouts(state, settings);
   moxui::platform::WindowOptions options;
   options.size = {static_cast<float>(settings.windowWidth), static_cast<float>(settings.windowHeight)};
   auto const window = application.CreateWindow(options);
@@ -74,6 +81,7 @@ int RunWindow(Application& application, ProgramState& state, Settings settings, 
   settings.page = AllPages()[state.page].name;
   settings.appearance = state.appearance;
   settings.rulerCountsSamples = state.audio.Settings().rulerUnit == RulerUnit::kSamples;
+  settings.layouts = state.channels.Remembered();
   if (!quitsAfterFirstPaint) {
     SaveSettings(SettingsPath(), settings);
   }

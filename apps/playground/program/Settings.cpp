@@ -7,9 +7,12 @@
 #include <moxcore/filesupport/SafeSave.h>
 
 #include <algorithm>
+#include <array>
+#include <cstdint>
 #include <cstdlib>
 #include <fstream>
 #include <iterator>
+#include <limits>
 #include <system_error>
 
 namespace playground {
@@ -17,6 +20,11 @@ namespace {
 
 constexpr std::size_t kLongestFile = 65536;
 constexpr std::size_t kLongestPageName = 64;
+// So that all of them leave room in the file.
+constexpr std::size_t kMostChannels = 1024;
+// In the order of LayoutUse.
+constexpr std::array<std::string_view, kLayoutUseCount> kLayoutKeys{"layout-sound", "layout-other",
+                                                                    "layout-built-in", "layout-wave"};
 
 int EdgeOr(std::string_view text, int smallest, int otherwise) {
   auto const value = IntegerFromText(text);
@@ -30,6 +38,30 @@ bool IsPageName(std::string_view text) {
   return text.size() <= kLongestPageName && std::all_of(text.begin(), text.end(), [](char c) {
            return (c >= 'a' && c <= 'z') || (c >= '0' && c <= '9') || c == '-';
          });
+}
+
+// The labels' numbers with blanks between them. Nothing for what isn't all of that.
+moxmediatypes::AudioChannelLayout LayoutFromText(std::string_view text) {
+  moxmediatypes::AudioChannelLayout layout;
+  while (!text.empty()) {
+    auto const end = std::min(text.find(' '), text.size());
+    auto const label = IntegerFromText(text.substr(0, end));
+    if (!label || *label < 0 || *label > std::numeric_limits<std::uint32_t>::max() ||
+        layout.size() == kMostChannels) {
+      return {};
+    }
+    layout.emplace_back(static_cast<std::uint32_t>(*label));
+    text.remove_prefix(std::min(end + 1, text.size()));
+  }
+  return layout;
+}
+
+std::string TextFromLayout(moxmediatypes::AudioChannelLayout const& layout) {
+  std::string text;
+  for (auto const channel : layout) {
+    text.append(text.empty() ? "" : " ").append(std::to_string(channel.GetNumber()));
+  }
+  return text;
 }
 
 void TakeLine(Settings& settings, std::string_view line) {
@@ -58,6 +90,8 @@ void TakeLine(Settings& settings, std::string_view line) {
     appearance.scale = ScaleFromText(value).value_or(appearance.scale);
   } else if (key == "ruler") {
     settings.rulerCountsSamples = value == "samples";
+  } else if (auto const use = std::ranges::find(kLayoutKeys, key); use != kLayoutKeys.end()) {
+    settings.layouts[static_cast<std::size_t>(use - kLayoutKeys.begin())] = LayoutFromText(value);
   }
 }
 
@@ -92,6 +126,12 @@ std::string TextFromSettings(Settings const& settings) {
   add("language", LanguageName(appearance.language));
   add("right-to-left", appearance.rightToLeft ? "yes" : "no");
   add("ruler", settings.rulerCountsSamples ? "samples" : "time");
+  for (std::size_t use = 0; use < kLayoutKeys.size(); ++use) {
+    auto const& layout = settings.layouts[use];
+    if (!layout.empty() && layout.size() <= kMostChannels) {
+      add(kLayoutKeys[use], TextFromLayout(layout));
+    }
+  }
   return text;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "channels/ChannelDesk.h"
 #include "program/Appearance.h"
 
 #include <filesystem>
@@ -19,6 +20,7 @@ struct Settings {
   std::string page;  // empty: the first one
   Appearance appearance;
   bool rulerCountsSamples = false;  // else times
+  ChannelDesk::Layouts layouts;     // by their use; empty: nothing was chosen
 
   bool operator==(Settings const&) const = default;
 };

@@ -215,6 +215,41 @@ TEST_F(Channels, FollowsTheSoundThatIsShown) {
   EXPECT_THAT(Page().AppliedText(), HasSubstr("Names the channels"));
 }
 
+// From one time to the next
+
+TEST_F(Channels, RemembersWhatWasChosenAndOfSoundsForItsOwnAlone) {
+  auto const remembered = [this](LayoutUse use) {
+    return program.state.channels.Remembered()[static_cast<std::size_t>(use)];
+  };
+  EXPECT_THAT(remembered(LayoutUse::kSound), IsEmpty());
+  Write("Film.preset", PresetText("Film", kFilm));
+  PressReload();
+  Choose(LayoutUse::kSound, u"Film");
+  Choose(LayoutUse::kBuiltIn, u"Mono");
+  EXPECT_EQ(remembered(LayoutUse::kSound), ChannelsOf(kFilm));
+  EXPECT_EQ(remembered(LayoutUse::kBuiltIn), ChannelsOf({0}));
+  // Neither what was refused nor what was chosen while another sound was there.
+  Choose(LayoutUse::kSound, u"Stereo");
+  EXPECT_EQ(remembered(LayoutUse::kSound), ChannelsOf(kFilm));
+  AudioDocument const& own = program.Session().Current();
+  program.Session().AddDocument(AudioDocument("Another", own.Source(), own.Pyramid()));
+  std::vector<std::uint32_t> const reversed{105, 104, 103, 102, 101, 100};
+  Write("Reversed.preset", PresetText("Reversed", reversed, layout_presets::kOther));
+  PressReload();
+  Choose(LayoutUse::kSound, u"Reversed");
+  EXPECT_EQ(program.Session().Layout(), ChannelsOf(reversed));
+  EXPECT_EQ(remembered(LayoutUse::kSound), ChannelsOf(kFilm));
+}
+
+TEST_F(Channels, EditorBeginsWithThePresetChosenBeforeWhereNoneHasTheLayout) {
+  Page().ShowState(1);
+  EXPECT_EQ(Shown(LayoutUse::kSound), "(Custom)");
+  Edit(LayoutUse::kSound, [](OpenEditor& editor) {
+    EXPECT_EQ(editor.Presets().GetShownText(), u"5.1");
+    editor.stage.Key(KeyboardCode::kEscape);
+  });
+}
+
 // Appearance
 
 TEST_F(Channels, KeepsItsLayoutsInEveryAppearance) {

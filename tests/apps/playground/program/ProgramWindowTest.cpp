@@ -115,6 +115,33 @@ TEST_F(WindowOfTheProgram, KeepsTheSizeThatItHadBeforeItWasMaximised) {
   EXPECT_EQ(Saved().windowHeight, 700);
 }
 
+TEST_F(WindowOfTheProgram, RecallsTheLayoutsThatWereChosen) {
+  using enum moxmediatypes::AudioChannelLabel;
+  Settings settings;
+  settings.page = "channels";
+  settings.layouts = {
+      moxmediatypes::AudioChannelLayout{kLeft, kCenter, kRight, kLeftSurround, kRightSurround, kLowFrequency},
+      {kCenter},
+      moxmediatypes::CreateMonoChannelLayout(),
+      {}};
+  state.page = FindPage("channels");
+  Run(settings, [&](QWidget&) {
+    EXPECT_EQ(state.audio.Layout(), settings.layouts[0]);
+    EXPECT_EQ(state.channels.LayoutFor(LayoutUse::kSound), settings.layouts[0]);
+    EXPECT_EQ(state.channels.LayoutFor(LayoutUse::kOther), settings.layouts[1]);
+    EXPECT_EQ(state.channels.LayoutFor(LayoutUse::kBuiltIn), settings.layouts[2]);
+    EXPECT_EQ(state.channels.LayoutFor(LayoutUse::kWave), moxmediatypes::CreateStereoChannelLayout());
+  });
+  settings.layouts[3] = moxmediatypes::CreateStereoChannelLayout();
+  EXPECT_EQ(Saved().layouts, settings.layouts);
+}
+
+TEST_F(WindowOfTheProgram, LeavesItsSoundAloneWithALayoutForAnotherNumberOfChannels) {
+  Settings settings;
+  settings.layouts[0] = moxmediatypes::CreateStereoChannelLayout();
+  Run(settings, [&](QWidget&) { EXPECT_TRUE(state.audio.Layout().empty()); });
+}
+
 TEST_F(WindowOfTheProgram, ClosesInTheMiddleOfADrag) {
   EXPECT_EQ(Run({},
                 [](QWidget& window) {

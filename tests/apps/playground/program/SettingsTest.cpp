@@ -16,6 +16,10 @@ Settings Unusual() {
   settings.page = "popup";
   settings.appearance = {ThemeChoice::kLight, LookChoice::kClassic, LanguageChoice::kPseudo, true, 1.25};
   settings.rulerCountsSamples = true;
+  settings.layouts = {moxmediatypes::AudioChannelLayout{moxmediatypes::AudioChannelDescription(0xFFFFFFFFu)},
+                      moxmediatypes::CreateStereoChannelLayout(),
+                      {},
+                      moxmediatypes::CreateMonoChannelLayout()};
   return settings;
 }
 
@@ -60,6 +64,30 @@ TEST(Settings, KeepTheWindowWithinSensibleBounds) {
   EXPECT_EQ(SettingsFromText("width=1\nheight=1\n").windowHeight, kSmallestWindowHeight);
   EXPECT_EQ(SettingsFromText("width=1000000\n").windowWidth, kLargestWindowEdge);
   EXPECT_EQ(SettingsFromText("width=-5\n").windowWidth, Settings().windowWidth);
+}
+
+TEST(Settings, TakeNoLayoutButAWholeOne) {
+  for (char const* const value : {"", " ", "100  101", "100,101", "left right", "-1", "4294967296", "1.5"}) {
+    Settings const settings = SettingsFromText("layout-other=" + std::string(value) + "\n");
+    EXPECT_EQ(settings.layouts, ChannelDesk::Layouts()) << value;
+  }
+}
+
+TEST(Settings, RememberLayoutsThatLeaveRoomForTheRest) {
+  Settings settings = Unusual();
+  for (auto& layout : settings.layouts) {
+    layout.assign(1024, moxmediatypes::AudioChannelDescription(0xFFFFFFFFu));
+  }
+  EXPECT_EQ(SettingsFromText(TextFromSettings(settings)), settings);
+  TemporaryFolder folder;
+  ASSERT_TRUE(SaveSettings(folder.Path() / "playground.ini", settings));
+  EXPECT_EQ(LoadSettings(folder.Path() / "playground.ini"), settings);
+  settings.layouts[0].emplace_back();
+  Settings const read = SettingsFromText(TextFromSettings(settings));
+  EXPECT_TRUE(read.layouts[0].empty());
+  EXPECT_EQ(read.layouts[1], settings.layouts[1]);
+  EXPECT_TRUE(SettingsFromText(TextFromSettings({}) + "layout-wave=0" + std::string(2048, ' ') + "\n") ==
+              Settings());
 }
 
 TEST(Settings, AreNotReadWithoutBounds) {

@@ -12,7 +12,7 @@ namespace playground {
 
 using moxui::ColorRGBA;
 
-void WaveformSettings::SetChannelCount(std::size_t count) {
+void WaveformOfSound::SetChannelCount(std::size_t count) {
   enabledChannels.assign(count, true);
   channelColors.assign(count, std::nullopt);
   selectedChannelColors.assign(count, std::nullopt);

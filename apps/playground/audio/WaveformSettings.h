@@ -27,17 +27,13 @@ enum class DetailChoice { kAutomatic, kPeaks, kSamples };
 // Instead of a number of lines of the level grid: one every 6 dB.
 inline constexpr int kDecibelGrid = -1;
 
-// Everything about a waveform picture that a user can set by hand, apart from the view and the selection.
-// What has no value follows the theme.
-struct WaveformSettings {
+// How waveforms are drawn, whatever the sound; a preset keeps all of it. What has no value follows the theme.
+struct WaveformStyle {
   std::array<std::optional<moxui::ColorRGBA>, kWaveformColorCount> colors;
   bool coloredChannels = true;
   std::optional<moxui::ColorRGBA> waveColor;  // of every channel while they share a colour
   std::optional<moxui::ColorRGBA> selectedWaveColor;
-  std::vector<std::optional<moxui::ColorRGBA>> channelColors;  // one per channel
-  std::vector<std::optional<moxui::ColorRGBA>> selectedChannelColors;
   bool deriveSelectionColors = false;  // the waveform's own way instead of the theme's
-  std::vector<bool> enabledChannels;   // one per channel
 
   bool layered = false;
   bool firstLayerStrong = false;
@@ -55,21 +51,35 @@ struct WaveformSettings {
   int timeGridSpacing = 0;                // logical pixels between two lines; 0: at the ruler's labels
   int amplitudeDivisions = kDecibelGrid;  // lines between silence and full scale; 0: none
   bool alignBottom = false;
-  bool playheadInMilliseconds = false;  // the field of its position; else in samples
-  std::optional<double> drawScale;      // nothing: the scale of the screen
+  std::optional<double> drawScale;  // nothing: the scale of the screen
 
   double zoom = 1.0;  // of the amplitude
   double gainDecibel = 0.0;
   bool gainWholeRange = false;
+
+  bool operator==(WaveformStyle const&) const = default;
+};
+
+// What is about one sound; no preset keeps any of it.
+struct WaveformOfSound {
+  std::vector<std::optional<moxui::ColorRGBA>> channelColors;  // one per channel
+  std::vector<std::optional<moxui::ColorRGBA>> selectedChannelColors;
+  std::vector<bool> enabledChannels;  // one per channel
 
   FadeDirection fadeDirection = FadeDirection::kNone;
   FadeFamily fadeFamily = FadeFamily::kExponential;
   std::int64_t fadeStart = 0;  // samples
   std::int64_t fadeEnd = 0;
   double fadeAmount = 0.0;
+  bool playheadInMilliseconds = false;  // the field of its position; else in samples
 
   // All channels enabled and in the theme's colours.
   void SetChannelCount(std::size_t count);
+  bool operator==(WaveformOfSound const&) const = default;
+};
+
+// Everything about a waveform picture that a user can set by hand, apart from the view and the selection.
+struct WaveformSettings : WaveformStyle, WaveformOfSound {
   bool operator==(WaveformSettings const&) const = default;
 };
 

@@ -15,54 +15,54 @@ using moxcore::Utf8String;
 struct Factory {
   char const* guid;
   char const* name;
-  WaveformSettings settings;
+  WaveformStyle style;
 };
 
 // For levels at a glance.
-WaveformSettings Levels() {
-  WaveformSettings settings;
-  settings.peakStyle = PeakStyle::kRectifiedFromZero;
-  settings.squareRoot = true;
-  settings.coloredChannels = false;
-  settings.centerlines = false;
-  return settings;
+WaveformStyle Levels() {
+  WaveformStyle style;
+  style.peakStyle = PeakStyle::kRectifiedFromZero;
+  style.squareRoot = true;
+  style.coloredChannels = false;
+  style.centerlines = false;
+  return style;
 }
 
 // For cutting at the sample.
-WaveformSettings Cutting() {
-  WaveformSettings settings;
-  settings.rms = false;
-  settings.zoom = 2.0;
-  settings.rulerUnit = RulerUnit::kSamples;
-  settings.timeGridSpacing = 50;
-  settings.amplitudeDivisions = 3;
-  return settings;
+WaveformStyle Cutting() {
+  WaveformStyle style;
+  style.rms = false;
+  style.zoom = 2.0;
+  style.rulerUnit = RulerUnit::kSamples;
+  style.timeGridSpacing = 50;
+  style.amplitudeDivisions = 3;
+  return style;
 }
 
-WaveformSettings Layers() {
-  WaveformSettings settings;
-  settings.layered = true;
-  settings.rms = false;
-  return settings;
+WaveformStyle Layers() {
+  WaveformStyle style;
+  style.layered = true;
+  style.rms = false;
+  return style;
 }
 
 // Black on white, whatever the theme.
-WaveformSettings Paper() {
-  WaveformSettings settings;
-  auto const color = [&settings](WaveformColor place, unsigned number) {
-    settings.colors[static_cast<std::size_t>(place)] = ColorOfNumber(number);
+WaveformStyle Paper() {
+  WaveformStyle style;
+  auto const color = [&style](WaveformColor place, unsigned number) {
+    style.colors[static_cast<std::size_t>(place)] = ColorOfNumber(number);
   };
   color(WaveformColor::kBackground, 0xffffff);
   color(WaveformColor::kSelectionBackground, 0xd8d8d8);
   color(WaveformColor::kCenterline, 0x808080);
   color(WaveformColor::kGridline, 0xd0d0d0);
   color(WaveformColor::kDivider, 0x000000);
-  settings.coloredChannels = false;
-  settings.waveColor = ColorOfNumber(0x000000);
-  settings.selectedWaveColor = ColorOfNumber(0x404040);
-  settings.rms = false;
-  settings.amplitudeDivisions = 1;
-  return settings;
+  style.coloredChannels = false;
+  style.waveColor = ColorOfNumber(0x000000);
+  style.selectedWaveColor = ColorOfNumber(0x404040);
+  style.rms = false;
+  style.amplitudeDivisions = 1;
+  return style;
 }
 
 Preset<WaveformPresetData> PresetOf(Factory const& factory, std::uint32_t place) {
@@ -72,7 +72,7 @@ Preset<WaveformPresetData> PresetOf(Factory const& factory, std::uint32_t place)
   preset.name = factory.name;
   preset.flags = moxappsupport::presets::PresetFlagFactory;
   preset.sortOrder = place;
-  preset.data = PresetDataOf(factory.settings);
+  preset.data.style = factory.style;
   return preset;
 }
 
@@ -88,7 +88,7 @@ Utf8String FactoryPresetsText() {
   std::uint32_t place = 0;
   for (Factory const& factory :
        {Factory{"d563b803-2078-4bb3-ae40-f1088add517f", "$$$/playground/presets/standard=Standard",
-                WaveformSettings()},
+                WaveformStyle()},
         Factory{"c64700b9-e54a-44db-b060-f6f5d503739c", "$$$/playground/presets/levels=Levels", Levels()},
         Factory{"6289c0f8-80a3-4ccd-8dfd-b73d92fc82b6", "$$$/playground/presets/cutting=Cutting", Cutting()},
         Factory{"1e376e82-d4f9-44bc-8ef6-9311b8c1491f", "$$$/playground/presets/layers=Layers", Layers()},

@@ -42,11 +42,12 @@ PresetModel::PresetModel(AudioSession& session, WaveformPresets& presets, EventL
       mPresets(presets),
       mLog(log) {
   SetReadCurrentData([&session](WaveformPresetData& data) {
-    data = PresetDataOf(session.Settings());
+    data.style = session.Settings();
     return true;
   });
   SetApplyPreset([&session](PresetType const& preset) {
-    session.ChangeSettings([&preset](WaveformSettings& settings) { ApplyPresetData(preset.data, settings); });
+    session.ChangeSettings(
+        [&preset](WaveformSettings& settings) { static_cast<WaveformStyle&>(settings) = preset.data.style; });
     return true;
   });
   SettingsChanged();
@@ -56,7 +57,7 @@ PresetModel::~PresetModel() = default;
 
 // Without any preset there is nothing to differ from.
 bool PresetModel::Differs() const {
-  return !GetCurrentPreset().guid.IsNil() && !(PresetDataOf(mSession.Settings()) == GetCurrentPreset().data);
+  return !GetCurrentPreset().guid.IsNil() && !(GetCurrentPreset().data.style == mSession.Settings());
 }
 
 void PresetModel::SettingsChanged() {

@@ -40,39 +40,39 @@ double NumberOf(std::any const& value) {
 // Takes settings out of an object.
 class Reader {
  public:
-  Reader(std::any const& object, WaveformSettings& settings) : mObject(object), mSettings(settings) {
+  Reader(std::any const& object, WaveformStyle& style) : mObject(object), mStyle(style) {
     if (auto const colors = GetVariantInObject(object, kColors)) {
       std::any_cast<JSONObject const&>(*colors);
       mColors = *colors;
     }
   }
 
-  void Toggle(char const* key, bool WaveformSettings::*field) {
+  void Toggle(char const* key, bool WaveformStyle::*field) {
     if (auto const value = GetVariantInObject(mObject, key)) {
-      mSettings.*field = std::any_cast<bool>(*value);
+      mStyle.*field = std::any_cast<bool>(*value);
     }
   }
 
-  void Number(char const* key, double WaveformSettings::*field, double least, double most) {
+  void Number(char const* key, double WaveformStyle::*field, double least, double most) {
     if (auto const value = GetVariantInObject(mObject, key)) {
-      mSettings.*field = Within(key, *value, least, most);
+      mStyle.*field = Within(key, *value, least, most);
     }
   }
-  void Number(char const* key, std::optional<double> WaveformSettings::*field, double least, double most) {
+  void Number(char const* key, std::optional<double> WaveformStyle::*field, double least, double most) {
     if (auto const value = GetVariantInObject(mObject, key)) {
-      mSettings.*field = Within(key, *value, least, most);
+      mStyle.*field = Within(key, *value, least, most);
     }
   }
 
   template <class T>
-  void Choice(char const* key, T WaveformSettings::*field, Names<T> names) {
+  void Choice(char const* key, T WaveformStyle::*field, Names<T> names) {
     if (auto const value = GetVariantInObject(mObject, key)) {
       auto const& text = std::any_cast<Utf8String const&>(*value);
       auto const found = std::ranges::find_if(names, [&](auto const& name) { return text == name.first; });
       if (found == names.end()) {
         throw std::invalid_argument(key);
       }
-      mSettings.*field = found->second;
+      mStyle.*field = found->second;
     }
   }
 
@@ -85,7 +85,7 @@ class Reader {
     }
   }
 
-  WaveformSettings& Settings() { return mSettings; }
+  WaveformStyle& Style() { return mStyle; }
 
  private:
   static double Within(char const* key, std::any const& value, double least, double most) {
@@ -98,28 +98,26 @@ class Reader {
 
   std::any const& mObject;
   std::any mColors;
-  WaveformSettings& mSettings;
+  WaveformStyle& mStyle;
 };
 
 // Puts settings into an object.
 class Writer {
  public:
-  explicit Writer(WaveformSettings const& settings) : mSettings(settings) {}
+  explicit Writer(WaveformStyle const& style) : mStyle(style) {}
 
-  void Toggle(char const* key, bool WaveformSettings::*field) { Add(key, mSettings.*field); }
-  void Number(char const* key, double WaveformSettings::*field, double, double) {
-    Add(key, mSettings.*field);
-  }
-  void Number(char const* key, std::optional<double> WaveformSettings::*field, double, double) {
-    if (mSettings.*field) {
-      Add(key, *(mSettings.*field));
+  void Toggle(char const* key, bool WaveformStyle::*field) { Add(key, mStyle.*field); }
+  void Number(char const* key, double WaveformStyle::*field, double, double) { Add(key, mStyle.*field); }
+  void Number(char const* key, std::optional<double> WaveformStyle::*field, double, double) {
+    if (mStyle.*field) {
+      Add(key, *(mStyle.*field));
     }
   }
 
   template <class T>
-  void Choice(char const* key, T WaveformSettings::*field, Names<T> names) {
+  void Choice(char const* key, T WaveformStyle::*field, Names<T> names) {
     auto const found =
-        std::ranges::find_if(names, [&](auto const& name) { return mSettings.*field == name.second; });
+        std::ranges::find_if(names, [&](auto const& name) { return mStyle.*field == name.second; });
     if (found == names.end()) {
       throw std::invalid_argument(key);
     }
@@ -132,7 +130,7 @@ class Writer {
     }
   }
 
-  WaveformSettings& Settings() { return mSettings; }
+  WaveformStyle& Style() { return mStyle; }
 
   std::any Object() {
     AddToObject(mObject, kColors, std::move(mColors), false);
@@ -142,60 +140,60 @@ class Writer {
  private:
   void Add(char const* key, std::any value) { AddToObject(mObject, key, std::move(value), false); }
 
-  WaveformSettings mSettings;
+  WaveformStyle mStyle;
   std::any mObject = JSONObject();
   std::any mColors = JSONObject();
 };
 
 template <class Visitor>
 void VisitWave(Visitor& visit) {
-  using Settings = WaveformSettings;
-  visit.template Choice<PeakStyle>("peakStyle", &Settings::peakStyle,
+  using Style = WaveformStyle;
+  visit.template Choice<PeakStyle>("peakStyle", &Style::peakStyle,
                                    {{"bipolar", PeakStyle::kBipolar},
                                     {"rectified", PeakStyle::kRectified},
                                     {"rectifiedFromZero", PeakStyle::kRectifiedFromZero}});
-  visit.template Choice<DetailChoice>("detail", &Settings::detail,
+  visit.template Choice<DetailChoice>("detail", &Style::detail,
                                       {{"automatic", DetailChoice::kAutomatic},
                                        {"peaks", DetailChoice::kPeaks},
                                        {"samples", DetailChoice::kSamples}});
-  visit.Toggle("squareRoot", &Settings::squareRoot);
-  visit.Toggle("rms", &Settings::rms);
-  visit.Toggle("clipMarks", &Settings::clipMarks);
-  visit.Toggle("sampleDots", &Settings::sampleDots);
-  visit.Toggle("layered", &Settings::layered);
-  visit.Toggle("firstLayerStrong", &Settings::firstLayerStrong);
-  visit.Toggle("alignBottom", &Settings::alignBottom);
-  visit.Number("drawScale", &Settings::drawScale, 1.0, kLargestDrawScale);
-  visit.Number("zoom", &Settings::zoom, kSmallestZoom, kLargestZoom);
-  visit.Number("gainDecibel", &Settings::gainDecibel, -kLargestGainDecibel, kLargestGainDecibel);
-  visit.Toggle("gainWholeRange", &Settings::gainWholeRange);
+  visit.Toggle("squareRoot", &Style::squareRoot);
+  visit.Toggle("rms", &Style::rms);
+  visit.Toggle("clipMarks", &Style::clipMarks);
+  visit.Toggle("sampleDots", &Style::sampleDots);
+  visit.Toggle("layered", &Style::layered);
+  visit.Toggle("firstLayerStrong", &Style::firstLayerStrong);
+  visit.Toggle("alignBottom", &Style::alignBottom);
+  visit.Number("drawScale", &Style::drawScale, 1.0, kLargestDrawScale);
+  visit.Number("zoom", &Style::zoom, kSmallestZoom, kLargestZoom);
+  visit.Number("gainDecibel", &Style::gainDecibel, -kLargestGainDecibel, kLargestGainDecibel);
+  visit.Toggle("gainWholeRange", &Style::gainWholeRange);
 }
 
 template <class Visitor>
 void VisitLines(Visitor& visit) {
-  using Settings = WaveformSettings;
-  visit.Toggle("centerlines", &Settings::centerlines);
-  visit.Toggle("dividers", &Settings::dividers);
-  visit.template Choice<RulerUnit>("rulerUnit", &Settings::rulerUnit,
+  using Style = WaveformStyle;
+  visit.Toggle("centerlines", &Style::centerlines);
+  visit.Toggle("dividers", &Style::dividers);
+  visit.template Choice<RulerUnit>("rulerUnit", &Style::rulerUnit,
                                    {{"time", RulerUnit::kTime}, {"samples", RulerUnit::kSamples}});
-  visit.Toggle("timeGrid", &Settings::timeGrid);
+  visit.Toggle("timeGrid", &Style::timeGrid);
   visit.template Choice<int>(
-      "timeGridSpacing", &Settings::timeGridSpacing,
+      "timeGridSpacing", &Style::timeGridSpacing,
       {{"ruler", 0}, {"10 pixels", 10}, {"25 pixels", 25}, {"50 pixels", 50}, {"100 pixels", 100}});
   visit.template Choice<int>(
-      "amplitudeGrid", &Settings::amplitudeDivisions,
+      "amplitudeGrid", &Style::amplitudeDivisions,
       {{"none", 0}, {"decibels", kDecibelGrid}, {"halves", 1}, {"quarters", 3}, {"eighths", 7}});
 }
 
 template <class Visitor>
 void VisitColors(Visitor& visit) {
-  visit.Toggle("coloredChannels", &WaveformSettings::coloredChannels);
-  visit.Toggle("deriveSelectionColors", &WaveformSettings::deriveSelectionColors);
-  auto& settings = visit.Settings();
-  visit.Color("wave", settings.waveColor);
-  visit.Color("selectedWave", settings.selectedWaveColor);
+  visit.Toggle("coloredChannels", &WaveformStyle::coloredChannels);
+  visit.Toggle("deriveSelectionColors", &WaveformStyle::deriveSelectionColors);
+  auto& style = visit.Style();
+  visit.Color("wave", style.waveColor);
+  visit.Color("selectedWave", style.selectedWaveColor);
   auto const color = [&](char const* key, WaveformColor place) {
-    visit.Color(key, settings.colors[static_cast<std::size_t>(place)]);
+    visit.Color(key, style.colors[static_cast<std::size_t>(place)]);
   };
   color("background", WaveformColor::kBackground);
   color("selectionBackground", WaveformColor::kSelectionBackground);
@@ -212,31 +210,7 @@ void VisitAll(Visitor& visit) {
   VisitColors(visit);
 }
 
-void CopyWhatIsAboutASound(WaveformSettings const& from, WaveformSettings& to) {
-  to.channelColors = from.channelColors;
-  to.selectedChannelColors = from.selectedChannelColors;
-  to.enabledChannels = from.enabledChannels;
-  to.fadeDirection = from.fadeDirection;
-  to.fadeFamily = from.fadeFamily;
-  to.fadeStart = from.fadeStart;
-  to.fadeEnd = from.fadeEnd;
-  to.fadeAmount = from.fadeAmount;
-  to.playheadInMilliseconds = from.playheadInMilliseconds;
-}
-
 }  // namespace
-
-WaveformPresetData PresetDataOf(WaveformSettings const& settings) {
-  WaveformPresetData data{settings};
-  CopyWhatIsAboutASound(WaveformSettings(), data.settings);
-  return data;
-}
-
-void ApplyPresetData(WaveformPresetData const& data, WaveformSettings& settings) {
-  WaveformSettings const before = settings;
-  settings = data.settings;
-  CopyWhatIsAboutASound(before, settings);
-}
 
 }  // namespace playground
 
@@ -247,13 +221,13 @@ using playground::WaveformPresetData;
 WaveformPresetData JSONConvert<WaveformPresetData>::FromJSON(std::any const& value) {
   std::any_cast<JSONObject const&>(value);
   WaveformPresetData data;
-  playground::Reader reader(value, data.settings);
+  playground::Reader reader(value, data.style);
   playground::VisitAll(reader);
   return data;
 }
 
 std::any JSONConvert<WaveformPresetData>::ToJSON(WaveformPresetData const& data) {
-  playground::Writer writer(data.settings);
+  playground::Writer writer(data.style);
   playground::VisitAll(writer);
   return writer.Object();
 }

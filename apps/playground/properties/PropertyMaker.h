@@ -12,7 +12,7 @@
 
 namespace playground {
 
-// Makes properties over the fields of a structure of settings.
+// Makes properties over the fields of a structure of settings, those of its bases among them.
 template <class Settings>
 class PropertyMaker {
  public:
@@ -28,8 +28,8 @@ class PropertyMaker {
   }
 
   // A field that holds one of `values`, which go with `items`.
-  template <class T>
-  Property Choice(std::string id, std::string label, T Settings::*field, std::vector<T> const& values,
+  template <class T, class Owner>
+  Property Choice(std::string id, std::string label, T Owner::*field, std::vector<T> const& values,
                   std::vector<std::string> items) const {
     return Choice<T>(std::move(id), std::move(label), Getter(field), Setter(field), values, std::move(items));
   }
@@ -58,12 +58,12 @@ class PropertyMaker {
     return {std::move(id), std::move(label), std::move(number)};
   }
 
-  template <class T>
-  std::function<T()> Getter(T Settings::*field) const {
+  template <class T, class Owner>
+  std::function<T()> Getter(T Owner::*field) const {
     return [read = mRead, field] { return read().*field; };
   }
-  template <class T>
-  std::function<void(T)> Setter(T Settings::*field) const {
+  template <class T, class Owner>
+  std::function<void(T)> Setter(T Owner::*field) const {
     return [change = mChange, field](T value) {
       change([field, value](Settings& settings) { settings.*field = value; });
     };

@@ -10,6 +10,7 @@
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <tuple>
 
 namespace playground {
 namespace {
@@ -21,49 +22,35 @@ using moxcore::serialization::JSONParse;
 using Convert = JSONConvert<WaveformPresetData>;
 
 // Every setting that a preset keeps, other than it is in new settings.
-WaveformSettings AllOther() {
-  WaveformSettings settings;
-  for (std::size_t i = 0; i < settings.colors.size(); ++i) {
-    settings.colors[i] = ColorOfNumber(0x102030 + static_cast<unsigned>(i));
+WaveformStyle AllOther() {
+  WaveformStyle style;
+  for (std::size_t i = 0; i < style.colors.size(); ++i) {
+    style.colors[i] = ColorOfNumber(0x102030 + static_cast<unsigned>(i));
   }
-  settings.coloredChannels = !settings.coloredChannels;
-  settings.waveColor = ColorOfNumber(0xabcdef);
-  settings.selectedWaveColor = ColorOfNumber(0xfedcba);
-  settings.deriveSelectionColors = !settings.deriveSelectionColors;
-  settings.layered = !settings.layered;
-  settings.firstLayerStrong = !settings.firstLayerStrong;
-  settings.peakStyle = PeakStyle::kRectified;
-  settings.squareRoot = !settings.squareRoot;
-  settings.rms = !settings.rms;
-  settings.clipMarks = !settings.clipMarks;
-  settings.sampleDots = !settings.sampleDots;
-  settings.detail = DetailChoice::kSamples;
-  settings.rulerUnit = RulerUnit::kSamples;
-  settings.centerlines = !settings.centerlines;
-  settings.dividers = !settings.dividers;
-  settings.timeGrid = !settings.timeGrid;
-  settings.timeGridSpacing = 25;
-  settings.amplitudeDivisions = 7;
-  settings.alignBottom = !settings.alignBottom;
-  settings.drawScale = 1.5;
-  settings.zoom = 0.3;
-  settings.gainDecibel = -7.25;
-  settings.gainWholeRange = !settings.gainWholeRange;
-  return settings;
-}
-
-// The same in what is about one sound.
-void MakeSoundsOtherToo(WaveformSettings& settings) {
-  settings.SetChannelCount(3);
-  settings.enabledChannels[1] = false;
-  settings.channelColors[2] = ColorOfNumber(0x123456);
-  settings.selectedChannelColors[0] = ColorOfNumber(0x654321);
-  settings.fadeDirection = FadeDirection::kOut;
-  settings.fadeFamily = FadeFamily::kCosine;
-  settings.fadeStart = 5;
-  settings.fadeEnd = 99;
-  settings.fadeAmount = 3.0;
-  settings.playheadInMilliseconds = true;
+  style.coloredChannels = !style.coloredChannels;
+  style.waveColor = ColorOfNumber(0xabcdef);
+  style.selectedWaveColor = ColorOfNumber(0xfedcba);
+  style.deriveSelectionColors = !style.deriveSelectionColors;
+  style.layered = !style.layered;
+  style.firstLayerStrong = !style.firstLayerStrong;
+  style.peakStyle = PeakStyle::kRectified;
+  style.squareRoot = !style.squareRoot;
+  style.rms = !style.rms;
+  style.clipMarks = !style.clipMarks;
+  style.sampleDots = !style.sampleDots;
+  style.detail = DetailChoice::kSamples;
+  style.rulerUnit = RulerUnit::kSamples;
+  style.centerlines = !style.centerlines;
+  style.dividers = !style.dividers;
+  style.timeGrid = !style.timeGrid;
+  style.timeGridSpacing = 25;
+  style.amplitudeDivisions = 7;
+  style.alignBottom = !style.alignBottom;
+  style.drawScale = 1.5;
+  style.zoom = 0.3;
+  style.gainDecibel = -7.25;
+  style.gainWholeRange = !style.gainWholeRange;
+  return style;
 }
 
 WaveformPresetData Read(std::string_view text) {
@@ -74,31 +61,37 @@ WaveformPresetData Read(std::string_view text) {
   return Convert::FromJSON(*value);
 }
 
-TEST(WaveformPreset, KeepsEverySettingThatIsNotAboutASound) {
-  WaveformPresetData const data = PresetDataOf(AllOther());
+// A setting that is added has no name here, and nothing is built until somebody gives it one; it is to be
+// written and read then, as AllOther shows.
+TEST(WaveformPreset, EverySettingIsAmongThoseThatAreTried) {
+  auto const names = [](WaveformStyle const& style) {
+    auto const& [colors, coloredChannels, waveColor, selectedWaveColor, deriveSelectionColors, layered,
+                 firstLayerStrong, peakStyle, squareRoot, rms, clipMarks, sampleDots, detail, rulerUnit,
+                 centerlines, dividers, timeGrid, timeGridSpacing, amplitudeDivisions, alignBottom, drawScale,
+                 zoom, gainDecibel, gainWholeRange] = style;
+    return std::tie(colors, coloredChannels, waveColor, selectedWaveColor, deriveSelectionColors, layered,
+                    firstLayerStrong, peakStyle, squareRoot, rms, clipMarks, sampleDots, detail, rulerUnit,
+                    centerlines, dividers, timeGrid, timeGridSpacing, amplitudeDivisions, alignBottom,
+                    drawScale, zoom, gainDecibel, gainWholeRange);
+  };
+  WaveformStyle const newStyle;
+  WaveformStyle const other = AllOther();
+  std::apply(
+      [&](auto const&... values) {
+        std::apply([&](auto const&... others) { EXPECT_TRUE(((values != others) && ...)); }, names(other));
+      },
+      names(newStyle));
+}
+
+TEST(WaveformPreset, KeepsEverySetting) {
+  WaveformPresetData const data{AllOther()};
   EXPECT_EQ(Read(GetJSONUTF8String(Convert::ToJSON(data))), data);
-  EXPECT_EQ(data.settings, AllOther());
-}
-
-TEST(WaveformPreset, LeavesOutWhatIsAboutASound) {
-  WaveformSettings settings = AllOther();
-  MakeSoundsOtherToo(settings);
-  EXPECT_EQ(PresetDataOf(settings), PresetDataOf(AllOther()));
-}
-
-TEST(WaveformPreset, AppliesAllButWhatIsAboutTheSound) {
-  WaveformSettings settings;
-  MakeSoundsOtherToo(settings);
-  WaveformSettings expected = AllOther();
-  MakeSoundsOtherToo(expected);
-  ApplyPresetData(PresetDataOf(AllOther()), settings);
-  EXPECT_EQ(settings, expected);
 }
 
 TEST(WaveformPreset, TakesWhatIsAbsentFromNewSettings) {
   EXPECT_EQ(Read("{}"), WaveformPresetData());
   WaveformPresetData zoomed;
-  zoomed.settings.zoom = 4.0;
+  zoomed.style.zoom = 4.0;
   EXPECT_EQ(Read(R"({"zoom": 4, "fromALaterVersion": [1]})"), zoomed);
 }
 

@@ -1,4 +1,5 @@
 #include "audio/AudioSession.h"
+#include "program/SteadyTime.h"
 
 namespace playground {
 
@@ -46,7 +47,7 @@ void AudioSession::Note(ViewPlace const& before, ViewStep step) {
     places.zoom.Follow(before.view, mView);
     step = ViewStep::kFollow;
   }
-  places.history.Note(before, {mView, mSelection}, step, StepTime());
+  places.history.Note(before, {mView, mSelection}, step, SteadyTime());
 }
 
 void AudioSession::ChangeView(std::function<void(Viewport&)> const& change, ViewStep step) {

@@ -4,12 +4,12 @@
 #include "audio/TransportIcons.h"
 #include "program/Localized.h"
 #include "program/NumberText.h"
+#include "program/SteadyTime.h"
 #include "shell/Listening.h"
 #include "shell/Named.h"
 #include "shell/Painting.h"
 #include "timecode/FieldHeight.h"
 
-#include <moxcore/threads/HighPrecisionTime.h>
 #include <moxui/skins/Look.h>
 
 #include <algorithm>
@@ -32,11 +32,6 @@ constexpr float kButtonGap = 4.0f;
 constexpr float kGroupWidth = 5.0f * kButtonWidth + 4.0f * kButtonGap;
 constexpr float kTimeWidth = 96.0f;
 constexpr float kPositionWidth = 96.0f;
-
-std::int64_t Now() {
-  using moxcore::threads::HighPrecisionTime;
-  return HighPrecisionTime::ConvertToNanos(HighPrecisionTime::GetCurrentTimeStamp());
-}
 
 }  // namespace
 
@@ -146,7 +141,7 @@ bool TransportBar::UI_DoTimerNotify(int id) {
 void TransportBar::SessionChanged(SessionChanges changes) {
   mTransport.SessionChanged(changes);
   if (changes.Has(SessionChange::kView) && !mIsFollowing) {
-    mFollow.ViewChanged(mSession.View(), mTransport.Position(), Now());
+    mFollow.ViewChanged(mSession.View(), mTransport.Position(), SteadyTime());
   }
   if (changes.HasAny(SessionChange::kDocument | SessionChange::kPeaks)) {
     ShowButtons();
@@ -219,7 +214,7 @@ void TransportBar::ShowPosition() {
 }
 
 void TransportBar::FollowPlayhead(double position) {
-  if (auto const left = mFollow.Follow(mSession.View(), position, mTransport.Speed() > 0.0, Now())) {
+  if (auto const left = mFollow.Follow(mSession.View(), position, mTransport.Speed() > 0.0, SteadyTime())) {
     mIsFollowing = true;
     mSession.ChangeView([left](Viewport& view) { view.ScrollTo(*left); }, ViewStep::kFollow);
     mIsFollowing = false;

@@ -1,5 +1,7 @@
 #include "curve/CurveSession.h"
 
+#include "program/SteadyTime.h"
+
 #include <algorithm>
 #include <utility>
 
@@ -18,7 +20,7 @@ void CurveSession::Change(std::function<void(CurvePlace&)> const& change, CurveS
   change(mPlace);
   mPlace.selected = std::min(mPlace.selected, Curve().PointCount() - 1);
   if (!(mPlace.curve == before.curve)) {
-    mHistory.Note(before, mPlace, step, StepTime());
+    mHistory.Note(before, mPlace, step, SteadyTime());
   }
   if (!(mPlace == before)) {
     Tell();

@@ -1,7 +1,8 @@
 #include "playback/Player.h"
 
+#include "program/SteadyTime.h"
+
 #include <moxaudiotoolkit/peaks/SampleSource.h>
-#include <moxcore/threads/HighPrecisionTime.h>
 
 #include <algorithm>
 #include <bit>
@@ -29,11 +30,6 @@ Player::Player(std::unique_ptr<AudioOutput> output) : mOutput(std::move(output))
 
 Player::~Player() {
   Close();
-}
-
-std::int64_t Player::Now() const {
-  using moxcore::threads::HighPrecisionTime;
-  return HighPrecisionTime::ConvertToNanos(HighPrecisionTime::GetCurrentTimeStamp());
 }
 
 void Player::Close() {
@@ -138,7 +134,7 @@ void Player::GoSilent(PlayTrouble trouble, std::string reason) {
   mOutput->Close();
   mFormat = {};
   mIsSilent = true;
-  mSilentSince = Now();
+  mSilentSince = SteadyTime();
   mWalk.SetStep(StepOf(mSpeed));
   Tell(trouble, std::move(reason));
 }
@@ -149,7 +145,7 @@ void Player::Play(double speed, std::optional<std::int64_t> stop) {
   }
   if (mIsPlaying) {
     if (speed != mSpeed) {
-      StandAt(Now());
+      StandAt(SteadyTime());
       mSpeed = speed;
       mWalk.SetStep(StepOf(mSpeed));
       TellChange();
@@ -168,7 +164,7 @@ void Player::Play(double speed, std::optional<std::int64_t> stop) {
   mWalk.MoveTo(!isAtEnd ? place : mWalk.Loop() ? static_cast<double>(mWalk.Loop()->begin) : 0.0);
   mMoves = mEngine->renderer.Move(mWalk);
   mIsPlaying = true;
-  mSilentSince = Now();
+  mSilentSince = SteadyTime();
   if (opened && StartOutput()) {
     mEngine->reader->SetRunning(true);
   }
@@ -192,7 +188,7 @@ void Player::SetLoop(std::optional<FrameRange> loop) {
   SourceWalk changed = mWalk;
   changed.SetLoop(loop);
   if (changed.Loop() != mWalk.Loop()) {
-    StandAt(Now());
+    StandAt(SteadyTime());
     mWalk.SetLoop(loop);
     TellChange();
   }
@@ -201,7 +197,7 @@ void Player::SetLoop(std::optional<FrameRange> loop) {
 void Player::MoveTo(std::int64_t frame, std::optional<std::int64_t> stop) {
   mWalk.SetStop(stop);
   mWalk.MoveTo(static_cast<double>(frame));
-  mSilentSince = Now();
+  mSilentSince = SteadyTime();
   if (mEngine) {
     mMoves = mEngine->renderer.Move(mWalk);
     mEngine->reader->Wake();
@@ -235,7 +231,7 @@ void Player::Pause() {
   if (!mIsPlaying) {
     return;
   }
-  std::int64_t const now = Now();
+  std::int64_t const now = SteadyTime();
   StandAt(now);
   StopOutput();
   // Between two frames nothing can be told apart: it goes on with a whole one.
@@ -286,14 +282,14 @@ SourceWalk Player::WalkAt(std::int64_t now) {
 }
 
 double Player::Position() {
-  return WalkAt(Now()).Position();
+  return WalkAt(SteadyTime()).Position();
 }
 
 bool Player::Update() {
   if (!mIsPlaying) {
     return false;
   }
-  SourceWalk const walk = WalkAt(Now());
+  SourceWalk const walk = WalkAt(SteadyTime());
   if (auto const failure = mEngine->reader->Failure()) {
     Pause();
     Tell(PlayTrouble::kReadFailed, *failure);

@@ -81,7 +81,6 @@ class Player {
     std::optional<BlockReader> reader;
   };
 
-  std::int64_t Now() const;
   void MakeEngine();
   bool OpenOutput();
   bool StartOutput();

@@ -1,21 +1,12 @@
 #include "playback/StereoRenderer.h"
 
 #include "playback/BlockStore.h"
-
-#include <moxcore/threads/HighPrecisionTime.h>
+#include "program/SteadyTime.h"
 
 #include <algorithm>
 #include <cmath>
 
 namespace playground {
-namespace {
-
-std::int64_t Now() {
-  using moxcore::threads::HighPrecisionTime;
-  return HighPrecisionTime::ConvertToNanos(HighPrecisionTime::GetCurrentTimeStamp());
-}
-
-}  // namespace
 
 std::uint64_t StereoRenderer::Move(SourceWalk const& walk) {
   std::lock_guard const lock(mMutex);
@@ -76,7 +67,7 @@ void StereoRenderer::Hand(Shared& shared) {
 
 void StereoRenderer::Mark(std::int64_t count, bool stands) {
   if (mNewMarkCount < mNewMarks.size()) {
-    mNewMarks[mNewMarkCount++] = {mOutputFrame, count, count > 0 ? Now() : 0, mWalk, stands, mMoves};
+    mNewMarks[mNewMarkCount++] = {mOutputFrame, count, count > 0 ? SteadyTime() : 0, mWalk, stands, mMoves};
   }
 }
 

@@ -7,9 +7,6 @@
 
 namespace playground {
 
-// Nanoseconds of a clock that never goes back, for the steps of a history.
-std::int64_t StepTime();
-
 // The places that a user went through, to go back to and forth again. A drag is one step however many changes
 // it makes, and so is a burst: changes of one kind, each soon after the one before. Whoever goes back and
 // then somewhere else gives up what lay ahead. Of kinds of steps `Step::kSingle` stands for itself: it never
@@ -21,7 +18,7 @@ class StepHistory {
   // Steps further apart than this, in nanoseconds, belong to no burst.
   static constexpr std::int64_t kBurstPause = 500'000'000;
 
-  // The user went from `before` to `after` at `time`, as StepTime() tells it.
+  // The user went from `before` to `after` at `time`, as SteadyTime() tells it.
   void Note(Place const& before, Place const& after, Step step, std::int64_t time) {
     if (mDrags > 0 || before == after) {
       return;

@@ -68,7 +68,6 @@ class WaveformView : public moxui::ui::UI_Node {
   void EndDrag();
   void ScrollWhileSelecting();
   bool HandleSpace(moxui::ui::KeyboardEvent const& event);
-  bool Extend(std::int64_t sample);
   void DrawCursor(moxui::scriber::Scriber* scriber, Viewport const& view, float scale) const;
   void DrawFocus(moxui::scriber::Scriber* scriber) const;
   moxui::RectT<float> CursorRect(std::int64_t sample) const;

@@ -1,21 +1,9 @@
 #pragma once
 
-#include <filesystem>
+#include "support/ScratchFolder.h"
 
 namespace playground {
 
-// A new, empty folder that goes with everything in it.
-class TemporaryFolder {
- public:
-  TemporaryFolder();
-  ~TemporaryFolder();
-  TemporaryFolder(TemporaryFolder const&) = delete;
-  TemporaryFolder& operator=(TemporaryFolder const&) = delete;
-
-  std::filesystem::path const& Path() const { return mPath; }
-
- private:
-  std::filesystem::path mPath;
-};
+using TemporaryFolder = tests::ScratchFolder;
 
 }  // namespace playground

@@ -97,14 +97,14 @@ TEST_F(ChannelMaskExport, SaysNothingWithoutALayout) {
   EXPECT_THAT(moxaudiotoolkit::AudioFile(Path()).GetProperties().channelLayout, IsEmpty());
 }
 
-struct Refusal {
+struct RefusedOrder {
   char const* name;
   AudioChannelLayout layout;
   char const* reason;
   char const* german;
 };
 
-class ChannelMaskRefusal : public ChannelMaskExport, public testing::WithParamInterface<Refusal> {};
+class ChannelMaskRefusal : public ChannelMaskExport, public testing::WithParamInterface<RefusedOrder> {};
 
 TEST_P(ChannelMaskRefusal, IsToldBeforeAFileIsAskedForAndNothingIsWritten) {
   Open(static_cast<int>(GetParam().layout.size()));
@@ -132,22 +132,22 @@ TEST_P(ChannelMaskRefusal, IsToldBeforeAFileIsAskedForAndNothingIsWritten) {
 
 INSTANTIATE_TEST_SUITE_P(
     Layouts, ChannelMaskRefusal,
-    testing::Values(Refusal{"Unnamed",
-                            {kLeft, kUnnamed, kRight},
-                            "Channel 2 has no label while others have.",
-                            "Kanal 2 hat keinen Namen"},
-                    Refusal{"NoPlace",
-                            {kLeft, kRight, kLowFrequency2},
-                            "A WAV file has no place for Low-Frequency Effects 2 (channel 3).",
-                            "(Kanal 3) keinen Platz"},
-                    Refusal{"Twice",
-                            {kLeft, kRight, kLeft},
-                            "In a WAV file Left (channel 3) and Left (channel 1) have the same place.",
-                            "(Kanal 1) denselben Platz"},
-                    Refusal{"Order",
-                            {kRight, kLeft},
-                            "A WAV file keeps Left (channel 2) before Right (channel 1).",
-                            "vor Rechts (Kanal 1)"}),
+    testing::Values(RefusedOrder{"Unnamed",
+                                 {kLeft, kUnnamed, kRight},
+                                 "Channel 2 has no label while others have.",
+                                 "Kanal 2 hat keinen Namen"},
+                    RefusedOrder{"NoPlace",
+                                 {kLeft, kRight, kLowFrequency2},
+                                 "A WAV file has no place for Low-Frequency Effects 2 (channel 3).",
+                                 "(Kanal 3) keinen Platz"},
+                    RefusedOrder{"Twice",
+                                 {kLeft, kRight, kLeft},
+                                 "In a WAV file Left (channel 3) and Left (channel 1) have the same place.",
+                                 "(Kanal 1) denselben Platz"},
+                    RefusedOrder{"Order",
+                                 {kRight, kLeft},
+                                 "A WAV file keeps Left (channel 2) before Right (channel 1).",
+                                 "vor Rechts (Kanal 1)"}),
     [](auto const& refusal) { return std::string(refusal.param.name); });
 
 TEST_F(ChannelMaskExport, RefusalIsForgottenByTheNextExport) {

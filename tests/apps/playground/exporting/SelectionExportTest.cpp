@@ -27,9 +27,9 @@ using moxaudiotoolkit::WaveSampleType;
 using State = FileExport::State;
 
 // Samples that tell of their place: whole numbers of as many bits as the source has.
-class CountingSource : public SampleSource {
+class RampSource : public SampleSource {
  public:
-  CountingSource(std::int64_t frames, int channels, int bits)
+  RampSource(std::int64_t frames, int channels, int bits)
       : SampleSource({.frames = frames, .sampleRate = 48000, .channelCount = channels, .integerBits = bits}) {
   }
 
@@ -46,9 +46,9 @@ class CountingSource : public SampleSource {
 };
 
 // Reads so far and no farther until it is told to.
-class GatedSource : public CountingSource {
+class GatedSource : public RampSource {
  public:
-  explicit GatedSource(std::int64_t gate) : CountingSource(4'000'000, 1, 16), mGate(gate) {}
+  explicit GatedSource(std::int64_t gate) : RampSource(4'000'000, 1, 16), mGate(gate) {}
 
   void ReadInterleaved(std::int64_t firstFrame, std::span<float> destination) const override {
     if (firstFrame >= mGate) {
@@ -57,7 +57,7 @@ class GatedSource : public CountingSource {
       mChanged.notify_all();
       mChanged.wait(lock, [this] { return mIsOpen; });
     }
-    CountingSource::ReadInterleaved(firstFrame, destination);
+    RampSource::ReadInterleaved(firstFrame, destination);
   }
   void WaitUntilThere() const {
     std::unique_lock lock(mMutex);
@@ -77,15 +77,15 @@ class GatedSource : public CountingSource {
   mutable bool mIsOpen = false;
 };
 
-class BrokenSource : public CountingSource {
+class BrokenSource : public RampSource {
  public:
-  BrokenSource() : CountingSource(1'000'000, 1, 16) {}
+  BrokenSource() : RampSource(1'000'000, 1, 16) {}
   void ReadInterleaved(std::int64_t firstFrame, std::span<float> destination) const override {
     if (firstFrame > 200'000) {
       throw moxaudiotoolkit::AudioFileError(moxaudiotoolkit::AudioFileFault::kNotReadable, "a.wav",
                                             "$$$/test/gone=The disk is gone.");
     }
-    CountingSource::ReadInterleaved(firstFrame, destination);
+    RampSource::ReadInterleaved(firstFrame, destination);
   }
 };
 
@@ -127,7 +127,7 @@ TEST_F(SelectionExportTest, KeepsEachSampleInTheSmallestTypeThatDoes) {
                                    {20, WaveSampleType::kInt24},
                                    {24, WaveSampleType::kInt24},
                                    {0, WaveSampleType::kFloat32}}) {
-    auto const source = std::make_shared<CountingSource>(200'000, 3, bits);
+    auto const source = std::make_shared<RampSource>(200'000, 3, bits);
     ExportRequest const request{source, 1'234, 198'765, {0, 1, 2}, Path()};
     FileExport running(request.path, ExportOfSelection(request));
     running.Wait();
@@ -138,7 +138,7 @@ TEST_F(SelectionExportTest, KeepsEachSampleInTheSmallestTypeThatDoes) {
 }
 
 TEST_F(SelectionExportTest, WritesTheChannelsAskedForAlone) {
-  auto const source = std::make_shared<CountingSource>(100'000, 6, 16);
+  auto const source = std::make_shared<RampSource>(100'000, 6, 16);
   ExportRequest const request{source, 10, 99'990, {0, 2, 5}, Path()};
   FileExport running(request.path, ExportOfSelection(request));
   running.Wait();
@@ -147,7 +147,7 @@ TEST_F(SelectionExportTest, WritesTheChannelsAskedForAlone) {
 }
 
 TEST_F(SelectionExportTest, OneFrameAndHundredsOfChannelsAreNothingSpecial) {
-  auto const source = std::make_shared<CountingSource>(1'000, 256, 24);
+  auto const source = std::make_shared<RampSource>(1'000, 256, 24);
   ExportRequest request{source, 999, 1'000, {}, Path()};
   for (std::size_t channel = 0; channel < 256; ++channel) {
     request.channels.push_back(channel);
@@ -211,7 +211,7 @@ TEST_F(SelectionExportTest, SourceThatCannotBeReadFailsWithItsReason) {
 }
 
 TEST_F(SelectionExportTest, PeaksComeBackFromTheirFile) {
-  auto const source = std::make_shared<CountingSource>(100'000, 2, 16);
+  auto const source = std::make_shared<RampSource>(100'000, 2, 16);
   moxaudiotoolkit::PeakBuilder builder(source);
   builder.Wait();
   auto const pyramid = builder.GetPyramid();
@@ -240,8 +240,7 @@ TEST_F(SelectionExportTest, PeaksComeBackFromTheirFile) {
 }
 
 TEST_F(SelectionExportTest, FolderThatIsGoneFailsWithTheReason) {
-  ExportRequest const request{
-      std::make_shared<CountingSource>(1000, 1, 16), 0, 1000, {0}, Path("gone/out.wav")};
+  ExportRequest const request{std::make_shared<RampSource>(1000, 1, 16), 0, 1000, {0}, Path("gone/out.wav")};
   FileExport running(request.path, ExportOfSelection(request));
   running.Wait();
   EXPECT_EQ(running.GetState(), State::kFailed);

@@ -4,7 +4,7 @@ import re
 
 NAME_BEFORE_DEFINITION = re.compile(r"\b([A-Za-z_]\w*)\s*(?:[({=;\[]|:(?!:))")
 DEFINITION_OF_TYPE = re.compile(r"\b(?:class|struct|enum class|enum|union)\s+([A-Za-z_]\w*)")
-NOT_A_NAME = re.compile(r"(TEST(_[FP])?|INSTANTIATE_\w+|BENCHMARK\w*)\(|namespace\b|template\b|using [^=]*;$")
+NOT_A_NAME = re.compile(r"(static_assert|TEST(_[FP])?|INSTANTIATE_\w+|BENCHMARK\w*)\(|namespace\b|template\b|using [^=]*;$")
 ENUMERATORS = re.compile(r"enum [^{]*\{(.*)\}")
 STANDS_ALONE = re.compile(r"\s*#\s*define\b")
 

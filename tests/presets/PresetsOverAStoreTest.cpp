@@ -70,7 +70,7 @@ TEST_F(PresetsOverAStore, ShowsAModifiedStateInNoItem) {
 }
 
 TEST_F(PresetsOverAStore, ListsTheNameDefaultForAPresetThatHasIt) {
-  store.Write("d.preset", TextOf("$$$/app/Presets/DefaultPresetName=(Default)", kMono));
+  store.Write("d.preset", layout_presets::TextOf("$$$/app/Presets/DefaultPresetName=(Default)", kMono));
   std::filesystem::remove(store.Path("Mono.preset"));
   cache->Reload();
   adapter.SelectPreset(GuidOf(kMono));

@@ -30,8 +30,8 @@ IntrusivePtr<Control> FindControl(moxui::ui::NodeMap const& nodes, char const* i
 }
 
 moxui::controls::ImageSupplyFunction SupplyBy(moxui::utility::ImageProvider* provider) {
-  return std::make_shared<moxcore::messaging::MessageFunction>(
-      [provider](moxcore::messaging::Message* message) {
+  return std::make_shared<moxcore::messaging::ConstMessageFunction>(
+      [provider](moxcore::messaging::ConstMessage* message) {
         if (provider != nullptr) {
           provider->ProvideImage(dynamic_cast<moxui::controls::UI_PictureSupplyMessage*>(message));
         }

@@ -10,14 +10,13 @@
 #include <moxui/scriber/SurfaceInterface.h>
 #include <moxui/skins/ControlState.h>
 
-#include <functional>
 #include <initializer_list>
 #include <memory>
 
 namespace playground {
 namespace {
 
-using moxcore::messaging::Message;
+using moxcore::messaging::ConstMessage;
 using moxui::PointT;
 using moxui::controls::UI_PictureSupplyMessage;
 using moxui::scriber::PathInterface;
@@ -94,7 +93,7 @@ void AddLoopLines(PathInterface& path) {
   path.LineTo({7.0f, 12.0f});
 }
 
-void Supply(TransportIcon icon, Message* message) {
+void Supply(TransportIcon icon, ConstMessage* message) {
   auto* const request = dynamic_cast<UI_PictureSupplyMessage*>(message);
   if (request == nullptr || request->GetDrawSupplier() == nullptr) {
     return;
@@ -119,7 +118,8 @@ void Supply(TransportIcon icon, Message* message) {
 }  // namespace
 
 moxui::controls::ImageSupplyFunction IconOf(TransportIcon icon) {
-  return std::make_shared<std::function<void(Message*)>>([icon](Message* message) { Supply(icon, message); });
+  return std::make_shared<moxcore::messaging::ConstMessageFunction>(
+      [icon](ConstMessage* message) { Supply(icon, message); });
 }
 
 }  // namespace playground

@@ -3,5 +3,6 @@
 namespace moxcore::messaging {
 
 Message::~Message() = default;
+ConstMessage::~ConstMessage() = default;
 
 }  // namespace moxcore::messaging

@@ -10,6 +10,11 @@ class Pressed : public Message {
   int times = 2;
 };
 class Released : public Message {};
+class Question : public ConstMessage {
+ public:
+  int answer = 0;
+};
+class OtherQuestion : public ConstMessage {};
 
 class Panel : public utility::RefCountedObjectWithWeakPtr {
  public:
@@ -18,7 +23,7 @@ class Panel : public utility::RefCountedObjectWithWeakPtr {
 
   void OnPressed(Pressed* message) { *mCalls += message->times; }
   void OnReference(Pressed& message) { message.times = 9; }
-  void OnConst(Pressed const* message) const { *mCalls += 10 * message->times; }
+  void OnQuestion(Question* question) const { question->answer = ++*mCalls; }
   void OnAny(Message* message) { *mCalls += message->GetMessageID() == kNoMessageID ? 100 : 0; }
   void OnEnd(Pressed*) { self.Reset(); }
 
@@ -89,16 +94,24 @@ TEST(BindMessageFunction, ThrowsOnAMessageOfAnotherType) {
   EXPECT_EQ(calls, 0);
 }
 
-TEST(BindConstMessageFunction, CallsTheMemberWithTheConstMessage) {
+TEST(BindConstMessageFunction, HasTheMemberAnswerAsLongAsItsOwnerIsThere) {
   int calls = 0;
   auto panel = utility::MakeIntrusive<Panel>(&calls);
-  auto const function = BindConstMessageFunction(panel, &Panel::OnConst);
-  Pressed const pressed;
-  (*function)(&pressed);
-  EXPECT_EQ(calls, 20);
+  auto const function = BindConstMessageFunction(panel, &Panel::OnQuestion);
+  Question question;
+  (*function)(&question);
+  EXPECT_EQ(question.answer, 1);
   panel.Reset();
-  (*function)(&pressed);
-  EXPECT_EQ(calls, 20);
+  (*function)(&question);
+  EXPECT_EQ(calls, 1);
+}
+
+TEST(BindConstMessageFunction, ThrowsOnAMessageOfAnotherType) {
+  int calls = 0;
+  auto const panel = utility::MakeIntrusive<Panel>(&calls);
+  OtherQuestion other;
+  EXPECT_THROW((*BindConstMessageFunction(panel.Get(), &Panel::OnQuestion))(&other), config::mox_exception);
+  EXPECT_EQ(calls, 0);
 }
 
 TEST(Message, HasAStableIDForEachName) {

@@ -42,7 +42,7 @@ std::vector<FaceState> const kKnownStates = {FaceState::kNormal, FaceState::kHov
                                              FaceState::kFocused, FaceState::kDisabled};
 
 // A square in the tone that the state asks for.
-void SupplySquare(moxcore::messaging::Message* message) {
+void SupplySquare(moxcore::messaging::ConstMessage* message) {
   auto& question = dynamic_cast<controls::UI_PictureSupplyMessage&>(*message);
   bool const isDisabled = question.GetStateFlags().Has(controls::ControlState::kDisabled);
   scriber::SurfaceP const surface = question.GetDrawSupplier()->NewOffscreenSurface(12, 12, 1.0f);
@@ -53,7 +53,7 @@ void SupplySquare(moxcore::messaging::Message* message) {
 }
 
 auto SquareSupply() {
-  return std::make_shared<moxcore::messaging::MessageFunction>(SupplySquare);
+  return std::make_shared<moxcore::messaging::ConstMessageFunction>(SupplySquare);
 }
 
 std::vector<ControlFace> MakeFaces() {

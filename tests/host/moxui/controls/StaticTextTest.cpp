@@ -157,8 +157,8 @@ TEST_F(Truncation, KeepsPairsAndMarksWithTheirCharacters) {
 class StaticImage : public testing::ControlTest<UI_StaticImage> {
  protected:
   ImageSupplyFunction Supply() {
-    return std::make_shared<moxcore::messaging::MessageFunction>(
-        [this](moxcore::messaging::Message* message) {
+    return std::make_shared<moxcore::messaging::ConstMessageFunction>(
+        [this](moxcore::messaging::ConstMessage* message) {
           auto& question = dynamic_cast<UI_PictureSupplyMessage&>(*message);
           ++mQuestions;
           mLastIndex = question.GetImageIndex();
@@ -188,6 +188,24 @@ TEST_F(StaticImage, AsksForItsPictureWithItsState) {
   EXPECT_TRUE(image.GetImage());
   EXPECT_TRUE(mLastState.Has(ControlState::kDisabled));
   EXPECT_EQ(image.UI_GetRecommendedSizeFromDefaultSupplier(), ExtentT<float>(8, 6));
+}
+
+// Whoever answers for pictures, as panels do: by a member of its own.
+class Answerer : public moxcore::utility::RefCountedObjectWithWeakPtr {
+ public:
+  void Supply(UI_PictureSupplyMessage* message) {
+    message->SetImage(message->GetDrawSupplier()->NewOffscreenSurface(5, 4, 1.0f)->GetImage());
+  }
+};
+
+TEST_F(StaticImage, TakesABoundMemberThatMayOutliveItsOwner) {
+  UI_StaticImage& image = Put({10, 10, 20, 20});
+  auto answerer = moxcore::utility::MakeIntrusive<Answerer>();
+  image.SetImageSupplyFunction(moxcore::messaging::BindConstMessageFunction(answerer, &Answerer::Supply));
+  ASSERT_TRUE(image.GetImage());
+  EXPECT_EQ(image.GetImage()->GetWidth(), 5.0f);
+  answerer.Reset();
+  EXPECT_FALSE(image.GetImage());
 }
 
 TEST_F(StaticImage, ASupplierItHoldsAlreadyChangesNothing) {

@@ -11,7 +11,7 @@
 namespace moxcore::messaging {
 
 using MessageFunction = std::function<void(Message*)>;
-using ConstMessageFunction = std::function<void(Message const*)>;
+using ConstMessageFunction = std::function<void(ConstMessage*)>;
 
 namespace detail {
 
@@ -32,7 +32,6 @@ std::shared_ptr<std::function<void(Generic*)>> Bind(Owner* owner, Member member)
   static_assert(std::is_pointer_v<Argument> || std::is_reference_v<Argument>,
                 "a handler takes its message by pointer or by reference");
   using Concrete = std::remove_pointer_t<std::remove_reference_t<Argument>>;
-  static_assert(std::is_const_v<Concrete> || !std::is_const_v<Generic>, "the message is const");
 
   return std::make_shared<std::function<void(Generic*)>>(
       [weak = utility::RefCountedWeakPtr<Owner>(owner), member](Generic* message) {
@@ -67,15 +66,15 @@ std::shared_ptr<MessageFunction> BindMessageFunction(utility::IntrusivePtr<Owner
   return detail::Bind<Message>(owner.Get(), member);
 }
 
-// The same for members that take a const message.
+// The same for members that answer a const message.
 template <class Owner, class Member>
 std::shared_ptr<ConstMessageFunction> BindConstMessageFunction(Owner* owner, Member member) {
-  return detail::Bind<Message const>(owner, member);
+  return detail::Bind<ConstMessage>(owner, member);
 }
 template <class Owner, class Member>
 std::shared_ptr<ConstMessageFunction> BindConstMessageFunction(utility::IntrusivePtr<Owner> const& owner,
                                                                Member member) {
-  return detail::Bind<Message const>(owner.Get(), member);
+  return detail::Bind<ConstMessage>(owner.Get(), member);
 }
 
 }  // namespace moxcore::messaging

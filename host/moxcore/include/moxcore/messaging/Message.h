@@ -34,4 +34,16 @@ class Message {
   MessageID mMessageID;
 };
 
+// What asks something of whoever can answer, on behalf of a sender that is not to be changed by it. The
+// message itself takes the answer.
+class ConstMessage {
+ public:
+  virtual ~ConstMessage();
+
+ protected:
+  ConstMessage() noexcept = default;
+  ConstMessage(ConstMessage const&) = default;
+  ConstMessage& operator=(ConstMessage const&) = default;
+};
+
 }  // namespace moxcore::messaging

@@ -22,7 +22,7 @@ class UI_ControlMessage : public moxcore::messaging::Message {
 };
 
 /// The same about a control that must not be changed by the answer.
-class UI_ConstControlMessage : public moxcore::messaging::Message {
+class UI_ConstControlMessage : public moxcore::messaging::ConstMessage {
  public:
   explicit UI_ConstControlMessage(UI_ControlView const& control) : mControl(control) {}
 

@@ -17,9 +17,9 @@ class UI_ImageHandlerInterface {
   virtual void SetImageIndex(std::size_t index) = 0;
 };
 
-/// Receives a UI_PictureSupplyMessage. One function may serve several controls: the message names its
-/// control.
-using ImageSupplyFunction = std::shared_ptr<moxcore::messaging::MessageFunction>;
+/// Receives a UI_PictureSupplyMessage, as what BindConstMessageFunction makes of a member does. One function
+/// may serve several controls: the message names its control.
+using ImageSupplyFunction = std::shared_ptr<moxcore::messaging::ConstMessageFunction>;
 
 /// Asks a function, with the index put into the message.
 class DefaultImageHandler : public UI_ImageHandlerInterface {

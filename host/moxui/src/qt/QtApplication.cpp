@@ -7,6 +7,7 @@
 #include "RuntimeDirectory.h"
 
 #include <moxcore/threads/MainThread.h>
+#include <moxui/resources/ResourceManager.h>
 #include <moxui/scriber/RasterSupplier.h>
 #include <moxui/ui/UI_NodeManager.h>
 
@@ -40,18 +41,22 @@ Application* Application::Get() {
 
 namespace moxui::qt {
 
-QtApplication::QtApplication(int& argc, char** argv) : mApplication(argc, argv) {
+QtApplication::QtApplication(int& argc, char** argv)
+    : mApplication(argc, argv),
+      mImages(utility::GetResourceManager(), scriber::GetRasterSupplier(), nullptr) {
   mClock.start();
   QApplication::setFont(HouseFont());
   QApplication::setQuitOnLastWindowClosed(true);
   InstallAccessibility();
   ui::UI_NodeManager::Get(true)->SetDefaultDrawSupplier(scriber::GetRasterSupplier());
+  ui::UI_NodeManager::Get(true)->SetImageProvider(&mImages);
   moxcore::threads::SetMainThreadPoster(
       [this](std::function<void()> function) { PostToMainThread(std::move(function)); });
 }
 
 QtApplication::~QtApplication() {
   moxcore::threads::SetMainThreadPoster({});
+  ui::UI_NodeManager::Get(true)->SetImageProvider(nullptr);
   ui::UI_NodeManager::Get(true)->SetDefaultDrawSupplier(nullptr);
   platform::gApplication = nullptr;
 }

@@ -3,6 +3,7 @@
 #include "QtServices.h"
 
 #include <moxui/platform/Application.h>
+#include <moxui/resources/ImageProvider.h>
 
 #include <QApplication>
 #include <QElapsedTimer>
@@ -67,6 +68,7 @@ class QtApplication final : public platform::Application {
   QtMenus mMenus;
   QtDragSource mDragSource;
   QtFileDialogs mFileDialogs;
+  utility::ImageProvider mImages;  // of the host's icons
 };
 
 }  // namespace moxui::qt

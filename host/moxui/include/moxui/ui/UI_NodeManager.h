@@ -31,7 +31,8 @@ class UI_NodeManager {
   void EndInputCapture(bool cancelled);
   InputCapture* GetInputCapture() const;
 
-  /// Both are lent, outlive all views, and may be null.
+  /// Both are lent, outlive all views, and may be null. While an application runs they are its own: the
+  /// provider knows the host's icons.
   scriber::SupplierInterface const* GetDefaultDrawSupplier() const { return mSupplier; }
   void SetDefaultDrawSupplier(scriber::SupplierInterface const* supplier) { mSupplier = supplier; }
   utility::ImageProvider* GetImageProvider() const { return mImageProvider; }

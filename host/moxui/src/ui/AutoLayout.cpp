@@ -53,7 +53,7 @@ void MakeRoom(UI_SubView& view, UI_Node const& grown, RectT<float> const& before
     } else if (down > 0 && place.top >= before.Bottom() && OverlapsHorizontally(place, after)) {
       place.top += down;
     }
-    sibling->UI_SetLocalRectF(place);
+    sibling->DoPlace(place);
   }
 }
 
@@ -62,7 +62,7 @@ void FitView(UI_SubView& view, scriber::Scriber* scriber);
 void FitChild(UI_SubView& view, UI_Node& child, AutoLayoutFlags flags, scriber::Scriber* scriber) {
   RectT<float> const before = PlaceOf(child);
   if (ShowsText(child)) {
-    ExtentT<float> const wanted = child.UI_GetRecommendedSize(scriber);
+    ExtentT<float> const wanted = child.DoMeasure(scriber, PlaceOf(view).Extent());
     RectT<float> place = before;
     if (flags.isHorizontal) {
       place.width = std::max(place.width, std::ceil(wanted.width));
@@ -71,7 +71,7 @@ void FitChild(UI_SubView& view, UI_Node& child, AutoLayoutFlags flags, scriber::
     if (child.UI_GetAccessibleRole() == AccessibleRole::kStaticText) {
       place.height = std::max(place.height, std::ceil(wanted.height));
     }
-    child.UI_SetLocalRectF(place);
+    child.DoPlace(place);
   } else if (auto* const inner = dynamic_cast<UI_SubView*>(&child)) {
     FitView(*inner, scriber);
   }
@@ -106,7 +106,7 @@ void FitView(UI_SubView& view, scriber::Scriber* scriber) {
   place.height += std::max(higher, 0.0F);
   bool const layoutsChildren = view.UI_LayoutsChildren();
   view.UI_SetLayoutsChildren(flags.scalesChildren && layoutsChildren);
-  view.UI_SetLocalRectF(place);
+  view.DoPlace(place);
   view.UI_SetLayoutsChildren(layoutsChildren);
 }
 

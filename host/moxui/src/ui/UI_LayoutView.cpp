@@ -97,6 +97,7 @@ void UI_LayoutView::UI_LayoutChildren() {
   if (!flags.isOn || !flags.isHorizontal) {
     return;
   }
+  ExtentT<float> const available = UI_GetLocalRectF(RectSpace::kOwn).Extent();
   std::vector<Part> parts;
   for (auto child = ChildBegin(); child != ChildEnd(); ++child) {
     UI_Node& node = **child;
@@ -106,7 +107,7 @@ void UI_LayoutView::UI_LayoutChildren() {
     RectT<float> const place = node.UI_GetLocalRectF(RectSpace::kParent);
     unsigned const sides = node.UI_GetLayoutBinding() & kSideways;
     float const wanted =
-        ShowsText(node) ? std::ceil(node.UI_GetRecommendedSizeFromDefaultSupplier().width) : 0.0f;
+        ShowsText(node) ? std::ceil(node.UI_MeasureFromDefaultSupplier(available).width) : 0.0f;
     parts.push_back({.node = &node,
                      .place = place,
                      .wider = std::max(wanted - place.width, 0.0f),
@@ -119,7 +120,7 @@ void UI_LayoutView::UI_LayoutChildren() {
     }
   }
   for (Part const& part : parts) {
-    part.node->UI_SetLocalRectF(part.place);
+    part.node->DoPlace(part.place);
   }
 }
 

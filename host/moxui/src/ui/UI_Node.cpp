@@ -80,7 +80,11 @@ void UI_Node::UI_ClearColorChange(unsigned colorID) {
   }
 }
 
-ExtentT<float> UI_Node::UI_GetRecommendedSizeFromDefaultSupplier() const {
+namespace {
+
+/// What `measure` finds with a scriber of the default supplier; (0, 0) without one.
+template <class Measure>
+ExtentT<float> WithScratchScriber(Measure measure) {
   UI_NodeManager const* const manager = UI_NodeManager::Get(false);
   auto const* const supplier = manager != nullptr ? manager->GetDefaultDrawSupplier() : nullptr;
   auto const surface = supplier != nullptr ? supplier->NewOffscreenSurface(1, 1, 1) : nullptr;
@@ -88,7 +92,17 @@ ExtentT<float> UI_Node::UI_GetRecommendedSizeFromDefaultSupplier() const {
     return {};
   }
   scriber::Scriber scratch(supplier, surface.Get());
-  return UI_GetRecommendedSize(&scratch);
+  return measure(&scratch);
+}
+
+}  // namespace
+
+ExtentT<float> UI_Node::UI_GetRecommendedSizeFromDefaultSupplier() const {
+  return WithScratchScriber([this](scriber::Scriber* scratch) { return UI_GetRecommendedSize(scratch); });
+}
+
+ExtentT<float> UI_Node::UI_MeasureFromDefaultSupplier(ExtentT<float> available) const {
+  return WithScratchScriber([&](scriber::Scriber* scratch) { return DoMeasure(scratch, available); });
 }
 
 // What a node does when a class says nothing else.

@@ -26,8 +26,8 @@ void UI_SubView::UI_SizeChanged(RectT<float> const&) {
   }
   auto const children = NodeAccess::Children(*this);
   for (auto const& child : children) {
-    child->UI_SetLocalRectF(passes::BoundRect(child->UI_GetLocalRectF(RectSpace::kParent),
-                                              child->UI_GetLayoutBinding(), before, after));
+    child->DoPlace(passes::BoundRect(child->UI_GetLocalRectF(RectSpace::kParent),
+                                     child->UI_GetLayoutBinding(), before, after));
   }
 }
 

@@ -5,6 +5,8 @@
 
 #include <gmock/gmock.h>
 
+#include <cmath>
+
 namespace moxui {
 namespace {
 
@@ -45,6 +47,27 @@ INSTANTIATE_TEST_SUITE_P(Flags, Binding,
                                            BindingCase{kBindBottom, {10, 10, 20, 0}},
                                            BindingCase{kFreeTop | kBindBottom, {10, -10, 20, 20}},
                                            BindingCase{kBindRight | kBindBottom, {10, 10, 50, 0}}));
+
+TEST(Layout, PutsChildrenWhereTheyWantToBePut) {
+  // Keeps to whole tens, whatever its parent's size.
+  class OnTens : public ui::UI_Node {
+   public:
+    void DoPlace(RectT<float> const& rect) override {
+      UI_SetLocalRectF({rect.left, rect.top, std::floor(rect.width / 10.0f) * 10.0f, rect.height});
+    }
+  };
+  auto const view = MakeIntrusive<ui::UI_SubView>();
+  auto const child = MakeIntrusive<OnTens>();
+  view->UI_SetLocalRectF({0, 0, 100, 100});
+  view->UI_SetLayoutsChildren(true);
+  view->ChildPushBack(child);
+  child->UI_SetLocalRectF({10, 10, 20, 20});
+  child->UI_SetLayoutBinding(kBindRight);
+
+  view->UI_SetLocalRectF({0, 0, 127, 100});
+
+  EXPECT_EQ(child->UI_GetLocalRectF(ui::RectSpace::kParent), RectT<float>(10, 10, 40, 20));
+}
 
 TEST(Layout, LeavesChildrenAloneUnlessTheViewLaysThemOut) {
   auto const view = MakeIntrusive<ui::UI_SubView>();

@@ -1,7 +1,11 @@
 #include "../controls/RunningLook.h"
 
 #include <moxui/controls/UI_TextButton.h>
+#include <moxui/scriber/RasterSupplier.h>
+#include <moxui/scriber/Scriber.h>
+#include <moxui/scriber/SurfaceInterface.h>
 #include <moxui/testing/Stage.h>
+#include <moxui/ui/AutoLayout.h>
 #include <moxui/ui/UI_LayoutView.h>
 
 #include <gtest/gtest.h>
@@ -43,6 +47,40 @@ class LayoutView : public ::testing::Test {
   testing::Stage mStage{ExtentT<float>(400, 400)};
   IntrusivePtr<UI_LayoutView> mRow = MakeIntrusive<UI_LayoutView>();
 };
+
+// A button that measures and places itself: as wide as half of the row, and a little lower.
+class HalfARow : public UI_TextButton {
+ public:
+  using UI_TextButton::UI_TextButton;
+  ExtentT<float> DoMeasure(scriber::Scriber* scriber, ExtentT<float> available) const override {
+    EXPECT_NE(scriber, nullptr);
+    return {available.width / 2.0f, 24.0f};
+  }
+  void DoPlace(RectT<float> const& rect) override { UI_SetLocalRectF(rect.Offset({0.0f, 3.0f})); }
+};
+
+TEST_F(LayoutView, AsksEachForItsSizeInTheRowAndHasItPlaceItself) {
+  auto const half = MakeIntrusive<HalfARow>(u"OK");
+  half->UI_SetLocalRectF({0, 0, 24, 24});
+  mRow->ChildPushBack(half);
+  auto const next = Put(u"-", {30, 0, 60, 24}, LayoutBinding::kBindNone);
+  Show();
+  EXPECT_EQ(PlaceOf(*half), RectT<float>(0, 3, 153, 24));
+  EXPECT_EQ(PlaceOf(*next), RectT<float>(159, 0, 60, 24));
+}
+
+TEST_F(LayoutView, AutoLayoutAsksAndPlacesInTheSameWay) {
+  auto const view = MakeIntrusive<UI_SubView>();
+  SetAutoLayoutFlags(*view, {.isOn = true, .isHorizontal = true});
+  view->UI_SetLocalRectF({0, 0, 100, 30});
+  auto const half = MakeIntrusive<HalfARow>(u"OK");
+  half->UI_SetLocalRectF({0, 0, 24, 24});
+  view->ChildPushBack(half);
+  scriber::SurfaceP const surface = scriber::GetRasterSupplier()->NewOffscreenSurface(1, 1, 1.0f);
+  scriber::Scriber scratch(scriber::GetRasterSupplier(), surface.Get());
+  AutoLayoutSubView(view.Get(), &scratch);
+  EXPECT_EQ(PlaceOf(*half), RectT<float>(0, 3, 50, 24));
+}
 
 TEST_F(LayoutView, ButtonsAtTheRightEdgeGrowToTheLeftAndKeepTheirDistance) {
   auto const ok = Put(u"OK", {245, 0, 24, 24}, kAtRight);

@@ -147,6 +147,8 @@ class UI_Node : public moxcore::utility::RefCountedObjectWithWeakPtr {
   void UI_InvalidateLayout();
   /// The recommended size, measured with the default supplier; (0, 0) without one.
   ExtentT<float> UI_GetRecommendedSizeFromDefaultSupplier() const;
+  /// DoMeasure in the same way.
+  ExtentT<float> UI_MeasureFromDefaultSupplier(ExtentT<float> available) const;
 
   // Capture of the pointer for this node: its UI_DoPointerEvent hears all until released.
   void UI_SetCapture();
@@ -190,7 +192,11 @@ class UI_Node : public moxcore::utility::RefCountedObjectWithWeakPtr {
   virtual void UI_SkinSetUpdated();
   virtual void UI_NodeChanged(NodeChange change);
   virtual void UI_LayoutChildren();
+  /// The size wanted, as a layout of the parent asks for it (UI_LayoutView, AutoLayoutSubView), which has
+  /// `available` for all its children. The base gives the recommended size.
   virtual ExtentT<float> DoMeasure(scriber::Scriber* scriber, ExtentT<float> available) const;
+  /// Where a layout of the parent puts this node: those and the layout bindings. A layout may come to another
+  /// place before it is done; the last one counts. The base stores the rectangle.
   virtual void DoPlace(RectT<float> const& rect);
 
   // Events. `node` is the event's target; true ends the event.

@@ -37,10 +37,10 @@ void PresetsView::ShowStop(Utf16String const& text) const {
 }
 
 bool PresetsView::IsConfirmed(Utf16String const& question) const {
-  unsigned const answer = messagebox::Messagebox(GetDrawSupplier(), mApplicationName, question,
-                                                 DialogButton::kYes | DialogButton::kNo, DialogButton::kYes,
-                                                 messagebox::MessageIcon::kQuestion,
-                                                 moxworkspace::WorkspaceUtils::GetModalDialogParentNode());
+  unsigned const answer = messagebox::Messagebox(
+      GetDrawSupplier(), mApplicationName, question, DialogButton::kYes | DialogButton::kNo,
+      DialogButton::kYes, messagebox::MessageIcon::kQuestion,
+      moxworkspace::WorkspaceUtils::GetModalDialogParentNode(), {}, 0, 0);
   return answer == DialogButton::kYes;
 }
 

@@ -7,11 +7,18 @@ namespace moxui::dialogs::messagebox {
 
 unsigned Messagebox(scriber::SupplierInterface const*, moxcore::Utf16String const& title,
                     moxcore::Utf16String const& text, unsigned buttons, unsigned defaultButton,
-                    MessageIcon icon, WindowVariant const& window) {
+                    MessageIcon icon, WindowVariant const& window,
+                    std::function<void(unsigned)> const& answered, unsigned cancelButton, float textWidth) {
+  unsigned const cancel = cancelButton != 0 ? cancelButton : GetCancelAnswer(buttons);
   ModalRun* running = nullptr;
   auto const view = moxcore::utility::MakeIntrusive<MessageBoxView>(
-      MessageBoxContent{
-          .title = title, .text = text, .buttons = buttons, .defaultButton = defaultButton, .icon = icon},
+      MessageBoxContent{.title = title,
+                        .text = text,
+                        .buttons = buttons,
+                        .defaultButton = defaultButton,
+                        .cancelButton = cancel,
+                        .icon = icon,
+                        .textWidth = textWidth},
       [&running](unsigned answer) { running->End(static_cast<int>(answer)); });
   ModalRun run(view);
   running = &run;
@@ -22,9 +29,12 @@ unsigned Messagebox(scriber::SupplierInterface const*, moxcore::Utf16String cons
   request.buttons = buttons;
   request.defaultAnswer = static_cast<int>(defaultButton);
   request.opened = [&view] { view->FocusDefaultButton(); };
-  return static_cast<unsigned>(run.Run(std::move(request),
-                                       {.parent = window, .size = view->GetPreferredExtent()},
-                                       static_cast<int>(GetCancelAnswer(buttons))));
+  auto const answer = static_cast<unsigned>(run.Run(
+      std::move(request), {.parent = window, .size = view->GetPreferredExtent()}, static_cast<int>(cancel)));
+  if (answered) {
+    answered(answer);
+  }
+  return answer;
 }
 
 void ShowStop(scriber::SupplierInterface const* supplier, moxcore::Utf16String const& title,

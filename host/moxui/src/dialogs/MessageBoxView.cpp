@@ -17,7 +17,7 @@ namespace {
 using messagebox::MessageIcon;
 using moxcore::utility::MakeIntrusive;
 
-constexpr float kTextWidth = 320.0f;
+constexpr float kUsualTextWidth = 320.0f;
 constexpr float kIconSize = 32.0f;
 constexpr float kIconFontSize = 20.0f;
 
@@ -51,15 +51,16 @@ MessageBoxView::MessageBoxView(MessageBoxContent content, std::function<void(uns
 MessageBoxView::~MessageBoxView() = default;
 
 void MessageBoxView::Arrange() {
+  float const textWidth = mContent.textWidth > 0.0f ? mContent.textWidth : kUsualTextWidth;
   float const iconRoom = mContent.icon == MessageIcon::kNone ? 0.0f : kIconSize + kBoxGap;
-  mText->UI_SetLocalRectF({kBoxPadding + iconRoom, kBoxPadding, kTextWidth, 0.0f});
+  mText->UI_SetLocalRectF({kBoxPadding + iconRoom, kBoxPadding, textWidth, 0.0f});
   float const textHeight = std::ceil(mText->UI_GetRecommendedSizeFromDefaultSupplier().height);
   float const body = std::max(textHeight, iconRoom > 0.0f ? kIconSize : 0.0f);
   // A short text stands beside the middle of the icon.
   float const textTop = kBoxPadding + std::floor((body - textHeight) / 2.0f);
-  mExtent.width = kBoxPadding + iconRoom + kTextWidth + kBoxPadding;
+  mExtent.width = kBoxPadding + iconRoom + textWidth + kBoxPadding;
   mText->UI_SetLocalRectF(
-      PlacedInBox({kBoxPadding + iconRoom, textTop, kTextWidth, textHeight}, mExtent.width));
+      PlacedInBox({kBoxPadding + iconRoom, textTop, textWidth, textHeight}, mExtent.width));
   float const buttonTop = kBoxPadding + body + kBoxPadding;
   mExtent.height = buttonTop + mButtons.Arrange(mExtent.width, buttonTop) + kBoxPadding;
   UI_SetLocalRectF({0, 0, mExtent.width, mExtent.height});
@@ -95,7 +96,7 @@ moxcore::Utf8String MessageBoxView::UI_GetAccessibleDescription() const {
 bool MessageBoxView::UI_DoPreKeyboardEvent(ui::UI_Node* node, ui::KeyboardEvent const& event) {
   if (event.IsAction(ui::KeyAction::kKeyDown)) {
     if (event.CompareShortcut(ui::KeyboardCode::kEscape, ui::ModKey::kNone)) {
-      mAnswered(GetCancelAnswer(mContent.buttons));
+      mAnswered(mContent.cancelButton);
       return true;
     }
     // A button that has the focus takes Enter for itself.

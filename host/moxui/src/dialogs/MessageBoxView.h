@@ -16,7 +16,9 @@ struct MessageBoxContent {
   moxcore::Utf16String text;
   unsigned buttons = DialogButton::kOk;
   unsigned defaultButton = DialogButton::kOk;
+  unsigned cancelButton = DialogButton::kOk;  ///< what Escape means
   messagebox::MessageIcon icon = messagebox::MessageIcon::kNone;
+  float textWidth = 0.0f;  ///< 0 for the usual width
 };
 
 /// The inside of a message box: icon, wrapped text, a row of buttons at the right; mirrored where the

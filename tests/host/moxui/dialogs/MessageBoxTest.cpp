@@ -142,6 +142,45 @@ std::vector<RectT<float>> PlacesInABox() {
   return places;
 }
 
+TEST(MessageBox, TellsTheAnswerToWhoeverListensBeforeItReturns) {
+  std::vector<unsigned> heard;
+  OnceOpen([&](ui::NodeTree& tree) {
+    EXPECT_TRUE(heard.empty());
+    PressKey(tree, KeyboardCode::kReturn);
+  });
+  unsigned const answer =
+      messagebox::Messagebox(nullptr, u"Presets", u"Delete?", kYesNo, DialogButton::kYes,
+                             MessageIcon::kQuestion, {}, [&](unsigned button) { heard.push_back(button); });
+  EXPECT_EQ(heard, std::vector{answer});
+  ModalAnswers answers;
+  answers.Expect(static_cast<int>(DialogButton::kNo));
+  messagebox::Messagebox(nullptr, u"Presets", u"Delete?", kYesNo, DialogButton::kYes, MessageIcon::kQuestion,
+                         {}, [&](unsigned button) { heard.push_back(button); }, 0, 0);
+  EXPECT_EQ(heard.back(), DialogButton::kNo);
+}
+
+TEST(MessageBox, EscapeMeansTheButtonThatItIsToldToMean) {
+  OnceOpen([](ui::NodeTree& tree) { PressKey(tree, KeyboardCode::kEscape); });
+  EXPECT_EQ(messagebox::Messagebox(nullptr, u"Presets", u"Keep it?", kYesNo, DialogButton::kNo,
+                                   MessageIcon::kQuestion, {}, {}, DialogButton::kYes),
+            DialogButton::kYes);
+}
+
+TEST(MessageBox, TextIsAsWideAsItIsToldToBe) {
+  auto const boxWidth = [](float textWidth) {
+    float width = 0.0f;
+    OnceOpen([&](ui::NodeTree& tree) {
+      width = tree.GetRoot()->UI_GetLocalRectF(ui::RectSpace::kOwn).width;
+      PressKey(tree, KeyboardCode::kEscape);
+    });
+    messagebox::Messagebox(nullptr, u"Presets", u"Delete?", kYesNo, DialogButton::kYes,
+                           MessageIcon::kQuestion, {}, {}, 0, textWidth);
+    return width;
+  };
+  float const usual = boxWidth(0.0f);
+  EXPECT_EQ(boxWidth(420.0f), usual + 100.0f);
+}
+
 TEST(MessageBox, IsMirroredWhereTheInterfaceRunsFromRightToLeft) {
   auto const plain = PlacesInABox();
   skins::SetRightToLeft(true);

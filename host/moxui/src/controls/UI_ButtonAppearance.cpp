@@ -79,4 +79,8 @@ void UI_Button::SetShowHoldIcon(bool shows) {
       Changed(mComponents, [&](ButtonComponents& components) { components.SetShowHoldIcon(shows); }));
 }
 
+void UI_Button::SetDensity(ComponentDensity density) {
+  SetComponents(Changed(mComponents, [&](ButtonComponents& components) { components.SetDensity(density); }));
+}
+
 }  // namespace moxui::controls

@@ -59,7 +59,9 @@ ExtentT<float> UI_TextButton::UI_GetRecommendedSize(scriber::Scriber* scriber) c
   ExtentT<float> const base = UI_Button::UI_GetRecommendedSize(scriber);
   scriber::FontP const font = GetControlFont(mLabel, *this, scriber->GetSupplier());
   float const text = font ? std::ceil(font->GetWidth(mLabel.text)) : 0.0f;
-  return {text + 2.0f * kLabelMargin + mLabel.indent, base.height};
+  bool const isCompact = GetComponents().GetDensity() == ComponentDensity::kCompact;
+  float const margin = isCompact ? kLabelMargin / 2.0f : kLabelMargin;
+  return {text + 2.0f * margin + mLabel.indent, base.height};
 }
 
 moxcore::Utf8String UI_TextButton::UI_GetAccessibleName() const {

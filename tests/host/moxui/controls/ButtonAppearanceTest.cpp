@@ -86,6 +86,14 @@ TEST_F(ButtonAppearance, SizesChangeTheRecommendedHeight) {
   EXPECT_FLOAT_EQ(height(), 32.0f);
 }
 
+TEST_F(ButtonAppearance, ACompactOneHasHalfTheMarginsBesideItsLabel) {
+  UI_TextButton& button = Put(kRect, u"OK");
+  ExtentT<float> const regular = button.UI_GetRecommendedSizeFromDefaultSupplier();
+  button.SetDensity(ComponentDensity::kCompact);
+  EXPECT_EQ(button.UI_GetRecommendedSizeFromDefaultSupplier(),
+            ExtentT<float>(regular.width - 12.0f, regular.height));
+}
+
 TEST_F(ButtonAppearance, OffsetsAndStrokesCanBeSetOneByOne) {
   UI_TextButton& button = Put(kRect, u"OK");
   button.SetContentOffsetX(2.0f);

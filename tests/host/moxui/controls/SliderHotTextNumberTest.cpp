@@ -184,6 +184,13 @@ TEST_F(SliderHotTextNumber, BothPartsAreStopsOfTraversal) {
   EXPECT_TRUE(Number().UI_HasKeyboardFocus());
 }
 
+TEST_F(SliderHotTextNumber, IsUnknownWithItsPartsForWhoeverKnowsItAsAControlOnly) {
+  UI_SliderHotTextNumber& size = PutSize();
+  static_cast<UI_ControlView&>(size).SetValueUnknown();
+  EXPECT_TRUE(Slider().IsValueUnknown());
+  EXPECT_TRUE(Number().IsValueUnknown());
+}
+
 TEST_F(SliderHotTextNumber, IsUnknownAsAWholeUntilItIsSet) {
   UI_SliderHotTextNumber& size = PutSize();
   size.SetValueUnknown();

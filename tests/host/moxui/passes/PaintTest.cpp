@@ -4,6 +4,8 @@
 
 #include <gmock/gmock.h>
 
+#include <utility>
+
 namespace moxui {
 namespace {
 
@@ -86,6 +88,21 @@ TEST_F(Paint, DoesNotClipANodeToItsRectangleUnlessItAsks) {
     scriber->GetSurface()->FillRect({-10, 0, 10, 20}, kGreen);
   };
   EXPECT_EQ(PixelAt(stage.TakePicture(), 7, 20), kBlackPixel);
+}
+
+TEST_F(Paint, ClipsWhatANodeDrawsToTheRectangleThatItAsksFor) {
+  inner->onDraw = [this](scriber::Scriber* scriber) {
+    inner->UI_ClipToRect(scriber, {4, 6, 8, 10});
+    scriber->GetSurface()->FillRect({0, 0, 20, 20}, kGreen);
+  };
+  auto const picture = stage.TakePicture();
+  // The node's corner is at 15, 15.
+  for (auto const& [x, y] : {std::pair(19, 21), std::pair(26, 30)}) {
+    EXPECT_EQ(PixelAt(picture, x, y), kGreenPixel) << x << " " << y;
+  }
+  for (auto const& [x, y] : {std::pair(18, 21), std::pair(19, 20), std::pair(27, 30), std::pair(26, 31)}) {
+    EXPECT_EQ(PixelAt(picture, x, y), kBlackPixel) << x << " " << y;
+  }
 }
 
 TEST_F(Paint, ClipsChildrenOfANodeThatClips) {

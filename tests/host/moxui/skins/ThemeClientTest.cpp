@@ -153,6 +153,22 @@ TEST(ThemeClient, CustomFontSizesAreSeenByDescendants) {
   EXPECT_FLOAT_EQ(family.child->GetThemeFontSize(FontIndex::kText), 12.0f);
 }
 
+TEST(ThemeClient, AnswersWithTheRunningTheme) {
+  Family const family;
+  for (ThemeID const id : {ThemeID::kDark, ThemeID::kLight, ThemeID::kHighContrast}) {
+    RunningLook const look(true, id);
+    EXPECT_EQ(family.child->UI_GetCurrentTheme().GetID(), id);
+  }
+}
+
+TEST(ThemeClient, NamesTheFontsOfTheTheme) {
+  Family const family;
+  for (FontIndex const index : {FontIndex::kText, FontIndex::kSmall, FontIndex::kTitle}) {
+    EXPECT_EQ(family.child->GetThemeFontName(index), GetFontName(index));
+    EXPECT_EQ(family.child->GetThemeFontName(index), "Open Sans");
+  }
+}
+
 TEST(ThemeClient, StringsNameThemeAndFonts) {
   RunningLook const look(true, ThemeID::kLight);
   Family const family;

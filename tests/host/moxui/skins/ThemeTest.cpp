@@ -12,6 +12,7 @@
 
 #include <array>
 #include <cmath>
+#include <string>
 
 namespace moxui::ui {
 namespace {
@@ -90,6 +91,35 @@ TEST(Theme, AnswersTheColourNumbersThatClientsAskFor) {
   EXPECT_EQ(skins::design::GetPrismaColor(skins::design::PrismaColorID::kRangeBandLight),
             theme.GetColor(static_cast<ThemeColorID>(130)));
 }
+
+struct NamedColor {
+  char const* name;
+  ColorRGBA (*get)(ThemeProvider const*);
+  ThemeColorID role;
+};
+
+class ColorByName : public ::testing::TestWithParam<NamedColor> {};
+
+TEST_P(ColorByName, IsThatOfItsRoleInEachTheme) {
+  for (ThemeID const id : {ThemeID::kDark, ThemeID::kLight, ThemeID::kHighContrast}) {
+    RunningLook const look(true, id);
+    ColorRGBA const expected = Theme::Get(id).GetColor(GetParam().role);
+    EXPECT_EQ(GetParam().get(nullptr), expected);
+    EXPECT_EQ(GetParam().get(GetDefaultThemeProvider()), expected);
+    EXPECT_GT(expected.alpha, 0.0f);
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Roles, ColorByName,
+    ::testing::Values(
+        NamedColor{"TabBackground", skins::utilities::GetTabBackgroundColor, ThemeColorID::kTabBackground},
+        NamedColor{"ScrollBarThumb", skins::utilities::GetScrollBarThumbColor, ThemeColorID::kScrollBarThumb},
+        NamedColor{"ProgressBarEmptyFill", skins::utilities::GetProgressBarEmptyFillColor,
+                   ThemeColorID::kProgressBarEmptyFill},
+        NamedColor{"ProgressBarOuterLine", skins::utilities::GetProgressBarOuterLineColor,
+                   ThemeColorID::kProgressBarOuterLine}),
+    [](auto const& one) { return std::string(one.param.name); });
 
 TEST(Theme, EvenTableRowsHaveThePanelsGround) {
   using skins::design::TableProperty;

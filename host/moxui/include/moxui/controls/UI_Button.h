@@ -79,6 +79,8 @@ class UI_Button : public UI_InteractiveControlView {
   /// On, it shows in the interactive colour.
   void SetEmphasized(bool emphasized);
   void SetShowHoldIcon(bool shows);
+  /// A matter of the recommended width of buttons with a label.
+  void SetDensity(ComponentDensity density);
   ButtonComponents const& GetComponents() const { return mComponents; }
 
   /// What the button's own drawing is made with; a face is not among it.

@@ -32,7 +32,8 @@ class UI_ControlView : public ui::UI_SubView {
   void SendHover(ui::PointerEvent const& event);
 
   // Value known or not. A change invalidates.
-  void SetValueUnknown();
+  /// Controls that are made of others override it: their parts become unknown too.
+  virtual void SetValueUnknown();
   void SetValueKnown();
   bool IsValueUnknown() const { return mIsValueUnknown; }
 

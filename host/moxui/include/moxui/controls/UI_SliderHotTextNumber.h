@@ -26,8 +26,7 @@ class UI_SliderHotTextNumber : public UI_InteractiveControlView {
   // Value: that of the number. Setters are silent and make it known, whichever of the three they belong to.
   void SetValue(double value);
   double GetValue() const;
-  /// In place of that of a plain view, which knows of no parts.
-  void SetValueUnknown();
+  void SetValueUnknown() override;
   /// The slider's ends, and the number's range until a client sets another one there. What isn't finite is
   /// ignored, as a pair.
   void SetExtent(double minimum, double maximum);

@@ -72,6 +72,7 @@ class HoldIconComponent {
   bool mShowsHoldIcon = false;
 };
 
+/// How closely a control is laid out: the margins beside the label of a compact one are half as wide.
 class DensityComponent {
  public:
   void SetDensity(ComponentDensity density) { mDensity = density; }

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <cstddef>
+
+namespace frame_tests {
+
+// Blocks that operator new has given out and nobody has given back.
+long GetLiveAllocations();
+
+// While it lives, operator new gives out so many blocks on this thread and then throws std::bad_alloc.
+class FailingAllocation {
+ public:
+  explicit FailingAllocation(int blocks);
+  ~FailingAllocation();
+  // How many it has given out.
+  int GetUsed() const;
+  FailingAllocation(FailingAllocation const&) = delete;
+  FailingAllocation& operator=(FailingAllocation const&) = delete;
+
+ private:
+  int mBlocks;
+};
+
+}  // namespace frame_tests

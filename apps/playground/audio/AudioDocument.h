@@ -70,7 +70,7 @@ class AudioDocument {
   bool CameFromCache() const { return mPeaks && mPeaks->CameFromCache(); }
   // Why opening or reading failed or peaks couldn't be kept; empty when all is well.
   std::string const& Problem() const { return mProblem; }
-  // Why it couldn't be opened, in one piece with the file's name.
+  // Why it couldn't be opened or read to its end, in one piece with the file's name.
   OpenFailure Failure() const;
 
   // Takes over what other threads have done. True if that is another sound: one of another length, rate,

@@ -203,6 +203,16 @@ void AudioSession::ForgetFailures() {
   }
 }
 
+std::vector<OpenFailure> AudioSession::UnreadDocuments() const {
+  std::vector<OpenFailure> failures;
+  for (AudioDocument const& document : mDocuments) {
+    if (document.CurrentState() == AudioDocument::State::kFailed) {
+      failures.push_back(document.Failure());
+    }
+  }
+  return failures;
+}
+
 void AudioSession::ChangeSettings(std::function<void(WaveformSettings&)> const& change) {
   WaveformSettings const before = mSettings;
   change(mSettings);

@@ -77,6 +77,8 @@ class AudioSession {
 
   std::vector<OpenFailure> const& Failures() const { return mFailures; }
   void ForgetFailures();
+  // Documents whose file was opened and then couldn't be read to its end. The part that could be is shown.
+  std::vector<OpenFailure> UnreadDocuments() const;
   // Hears of each file that can't be opened, when it is known.
   void SetFailureFunction(std::function<void(OpenFailure const&)> function) {
     mFailureFunction = std::move(function);

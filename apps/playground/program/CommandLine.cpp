@@ -80,10 +80,6 @@ Option const* FindOption(std::string_view name) {
   return nullptr;
 }
 
-CommandLineResult Failed(std::string reason) {
-  return {{}, std::move(reason)};
-}
-
 }  // namespace
 
 Appearance CommandLine::Over(Appearance base) const {
@@ -98,12 +94,16 @@ Appearance CommandLine::Over(Appearance base) const {
 CommandLineResult ParseCommandLine(std::vector<std::string> const& arguments) {
   CommandLineResult result;
   CommandLine& line = result.commandLine;
+  auto const failed = [&result](std::string reason) {
+    result.error = std::move(reason);
+    return result;
+  };
   bool onlyFiles = false;
   for (std::size_t i = 0; i < arguments.size(); ++i) {
     std::string const& argument = arguments[i];
     if (onlyFiles || argument.size() < 2 || argument.front() != '-') {
       if (argument.empty()) {
-        return Failed(Text("$$$/playground/commandline/emptyFileName=The name of a file is empty."));
+        return failed(Text("$$$/playground/commandline/emptyFileName=The name of a file is empty."));
       }
       line.files.push_back(argument);
       continue;
@@ -116,7 +116,7 @@ CommandLineResult ParseCommandLine(std::vector<std::string> const& arguments) {
     std::string const name = argument.substr(0, equals);
     Option const* const option = FindOption(name);
     if (option == nullptr) {
-      return Failed(Text("$$$/playground/commandline/unknownOption=Unknown option \"@0\".", {name}));
+      return failed(Text("$$$/playground/commandline/unknownOption=Unknown option \"@0\".", {name}));
     }
     std::string value;
     if (option->takesValue) {
@@ -125,15 +125,15 @@ CommandLineResult ParseCommandLine(std::vector<std::string> const& arguments) {
       } else if (i + 1 < arguments.size()) {
         value = arguments[++i];
       } else {
-        return Failed(
+        return failed(
             Text("$$$/playground/commandline/missingValue=The option \"@0\" needs a value.", {name}));
       }
     } else if (equals != std::string::npos) {
-      return Failed(
+      return failed(
           Text("$$$/playground/commandline/needlessValue=The option \"@0\" takes no value.", {name}));
     }
     if (!option->apply(line, value)) {
-      return Failed(Text("$$$/playground/commandline/badValue=\"@1\" is no value for the option \"@0\".",
+      return failed(Text("$$$/playground/commandline/badValue=\"@1\" is no value for the option \"@0\".",
                          {name, value}));
     }
     if (line.task == ProgramTask::kHelp) {
@@ -162,9 +162,8 @@ std::string HelpText() {
       "  --autoquit          quit after the first paint\n"
       "  --help, --version   this text, the version\n"
       "\n"
-      "Exit code: 0 when all went well, 1 when a file could not be opened or written, 2 when the command "
-      "line\n"
-      "could not be understood.\n");
+      "Exit code: 0 when all went well, 1 when a file could not be opened, read or written, 2 when the\n"
+      "command line could not be understood.\n");
 }
 
 std::string VersionText() {

@@ -28,7 +28,8 @@ struct CommandLine {
   Appearance Over(Appearance base) const;
 };
 
-// Either a command line or the reason why there is none, a sentence for the user.
+// A command line, or the reason why there is none, a sentence for the user; then the command line has what
+// was read up to there.
 struct CommandLineResult {
   CommandLine commandLine;
   std::string error;

@@ -12,6 +12,7 @@
 #include <moxaudiotoolkit/peaks/PeakCache.h>
 #include <moxcore/config/ApplicationName.h>
 #include <moxcore/config/InitializerRegistrar.h>
+#include <moxcore/config/Localizer.h>
 #include <moxcore/config/ModuleCatalogues.h>
 #include <moxcore/utility/ModuleHandle.h>
 #include <moxmediaui/Module.h>
@@ -25,6 +26,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace playground {
@@ -86,6 +88,23 @@ moxaudiotoolkit::FilePeaksOptions KeepingPeaks() {
   return options;
 }
 
+// What the program has to say before there is anything to look at is in the user's language too.
+void SpeakIn(LanguageChoice const& language) {
+  moxcore::config::Localizer::Get().SetLanguage(language.tag);
+}
+
+// The command line, with what is wrong about it told in the language that it names.
+CommandLineResult ReadCommandLine(std::vector<std::string> const& arguments) {
+  CommandLineResult result = ParseCommandLine(arguments);
+  if (result.commandLine.language) {
+    SpeakIn(*result.commandLine.language);
+    if (!result.IsOk()) {
+      result = ParseCommandLine(arguments);
+    }
+  }
+  return result;
+}
+
 int RunWithPlatform(CommandLine const& line, Settings settings, std::optional<std::size_t> page, char* name) {
   // The platform's own arguments are none of ours.
   int count = 1;
@@ -112,11 +131,15 @@ int RunWithPlatform(CommandLine const& line, Settings settings, std::optional<st
   if (line.task == ProgramTask::kRender) {
     // Pictures are of whole sounds.
     state.audio.WaitForPeaks();
+    auto const unread = state.audio.UnreadDocuments();
+    for (OpenFailure const& failure : unread) {
+      Complain(failure.Sentence());
+    }
     if (auto const reason = RenderPages(state, line.renderDirectory, page)) {
       Complain(*reason);
       return kFileFailed;
     }
-    return state.audio.Failures().empty() ? kAllWentWell : kFileFailed;
+    return state.audio.Failures().empty() && unread.empty() ? kAllWentWell : kFileFailed;
   }
   if (!line.files.empty() && !page) {
     state.page = FindPage("audio");
@@ -125,7 +148,7 @@ int RunWithPlatform(CommandLine const& line, Settings settings, std::optional<st
 }
 
 int Run(std::vector<std::string> const& arguments, char* name) {
-  auto const [line, error] = ParseCommandLine(arguments);
+  auto const [line, error] = ReadCommandLine(arguments);
   if (!error.empty()) {
     Complain(error);
     std::cerr << Text("$$$/playground/commandline/seeHelp=Try \"playground --help\".") << std::endl;
@@ -161,13 +184,15 @@ int Run(std::vector<std::string> const& arguments, char* name) {
     case ProgramTask::kOpenWindow:
       break;
   }
+  Settings settings = LoadSettings(SettingsPath());
+  SpeakIn(line.Over(settings.appearance).language);
   if (!IsSet("DISPLAY") && !IsSet("WAYLAND_DISPLAY") && !IsSet("QT_QPA_PLATFORM")) {
     Complain(
         Text("$$$/playground/noDisplay=There is no display to open a window on. Pictures of the pages can be "
              "had with --render DIR."));
     return kFileFailed;
   }
-  return RunWithPlatform(line, LoadSettings(SettingsPath()), page, name);
+  return RunWithPlatform(line, std::move(settings), page, name);
 }
 
 }  // namespace

@@ -1,7 +1,5 @@
 #include "playground/SoundFiles.h"
 
-#include <moxaudiotoolkit/AudioFileWriter.h>
-
 #include <cmath>
 #include <cstring>
 #include <fstream>
@@ -37,16 +35,36 @@ std::string Header(std::uint32_t encoding, std::uint32_t bits, std::uint32_t cha
   return bytes;
 }
 
+std::vector<float> Tone(int frames) {
+  std::vector<float> tone(static_cast<std::size_t>(frames));
+  for (int i = 0; i < frames; ++i) {
+    tone[static_cast<std::size_t>(i)] = 0.5f * std::sin(static_cast<float>(i) * 0.1f);
+  }
+  return tone;
+}
+
+// Writes over what stands in a file from a byte on.
+void Overwrite(std::filesystem::path const& path, std::uintmax_t from, std::string const& bytes) {
+  std::fstream stream(path, std::ios::binary | std::ios::in | std::ios::out);
+  stream.seekp(static_cast<std::streamoff>(from));
+  stream << bytes;
+}
+
 }  // namespace
 
 std::filesystem::path WriteTone(std::filesystem::path const& folder, std::string const& name, int channels) {
-  std::vector<float> tone(kRate);
-  for (int i = 0; i < kRate; ++i) {
-    tone[static_cast<std::size_t>(i)] = 0.5f * std::sin(static_cast<float>(i) * 0.1f);
-  }
   std::filesystem::path const path = folder / name;
-  moxaudiotoolkit::WriteAudioFile(path.string(), moxaudiotoolkit::AudioFileFormat::kWavInt16, kRate,
-                                  std::vector<std::vector<float>>(static_cast<std::size_t>(channels), tone));
+  moxaudiotoolkit::WriteAudioFile(
+      path.string(), moxaudiotoolkit::AudioFileFormat::kWavInt16, kRate,
+      std::vector<std::vector<float>>(static_cast<std::size_t>(channels), Tone(kRate)));
+  return path;
+}
+
+std::filesystem::path WriteTone(std::filesystem::path const& folder, std::string const& name,
+                                moxaudiotoolkit::AudioFileFormat format, int seconds) {
+  std::filesystem::path const path = folder / name;
+  moxaudiotoolkit::WriteAudioFile(path.string(), format, kRate,
+                                  std::vector<std::vector<float>>{Tone(kRate * seconds)});
   return path;
 }
 
@@ -73,6 +91,23 @@ std::filesystem::path WriteBytes(std::filesystem::path const& folder, std::strin
                                  std::string const& bytes) {
   std::filesystem::path const path = folder / name;
   std::ofstream(path, std::ios::binary) << bytes;
+  return path;
+}
+
+std::filesystem::path Damage(std::filesystem::path const& path, double from, double to) {
+  auto const size = static_cast<double>(std::filesystem::file_size(path));
+  Overwrite(path, static_cast<std::uintmax_t>(size * from),
+            std::string(static_cast<std::size_t>(size * (to - from)), '\x55'));
+  return path;
+}
+
+std::filesystem::path PromiseFlacFrames(std::filesystem::path const& path, std::uint32_t frames) {
+  constexpr std::uintmax_t kPlace = 22;  // the lower 32 of the 36 bits in the stream information
+  std::string bytes;
+  for (int shift = 24; shift >= 0; shift -= 8) {
+    bytes.push_back(static_cast<char>((frames >> shift) & 0xFFu));
+  }
+  Overwrite(path, kPlace, bytes);
   return path;
 }
 

@@ -285,7 +285,7 @@ class FilePeaks::Worker {
       case PeakBuilder::State::kDone:
         return key ? Store(*builder.GetPyramid(), *key) : State::kDone;
       case PeakBuilder::State::kFailed:
-        SetProblem({builder.GetProblem(), builder.GetProblem()});
+        SetProblem({builder.GetProblem(), builder.GetReason()});
         return State::kFailed;
       default:
         return State::kCancelled;

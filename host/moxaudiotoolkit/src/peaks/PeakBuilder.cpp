@@ -1,3 +1,4 @@
+#include <moxaudiotoolkit/AudioFileError.h>
 #include <moxaudiotoolkit/peaks/PeakBuilder.h>
 #include <moxaudiotoolkit/peaks/PeakPyramid.h>
 #include <moxcore/threads/Executor.h>
@@ -62,6 +63,11 @@ class PeakBuilder::Job {
     return mProblem;
   }
 
+  std::string GetReason() const {
+    const std::lock_guard lock(mMutex);
+    return mReason;
+  }
+
   const std::shared_ptr<PeakPyramid> pyramid;
   std::shared_ptr<moxcore::threads::IMultithreadedTask> task;
 
@@ -69,16 +75,24 @@ class PeakBuilder::Job {
   void Work() {
     try {
       WorkOnPages();
+    } catch (const AudioFileError& error) {
+      Fail(error.what(), error.GetReason());
     } catch (const std::exception& error) {
-      const std::lock_guard lock(mMutex);
-      if (mProblem.empty()) {
-        mProblem = error.what();
-      }
-      Cancel();
+      Fail(error.what(), error.what());
     }
     if (--mThreadsLeft == 0) {
       Finish();
     }
+  }
+
+  // The first problem is the one to tell of.
+  void Fail(const std::string& problem, const std::string& reason) {
+    const std::lock_guard lock(mMutex);
+    if (mProblem.empty()) {
+      mProblem = problem;
+      mReason = reason;
+    }
+    Cancel();
   }
 
   void WorkOnPages() {
@@ -133,6 +147,7 @@ class PeakBuilder::Job {
   std::atomic<State> mState{State::kRunning};
   mutable std::mutex mMutex;
   std::string mProblem;
+  std::string mReason;
   std::mutex mProgressMutex;
   Clock::time_point mLastProgress = Clock::now();
 };
@@ -157,6 +172,10 @@ PeakBuilder::State PeakBuilder::GetState() const {
 
 std::string PeakBuilder::GetProblem() const {
   return mJob->GetProblem();
+}
+
+std::string PeakBuilder::GetReason() const {
+  return mJob->GetReason();
 }
 
 double PeakBuilder::GetProgress() const {

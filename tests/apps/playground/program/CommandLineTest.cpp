@@ -1,6 +1,10 @@
 #include "program/CommandLine.h"
+#include "support/Folders.h"
 
 #include <gtest/gtest.h>
+
+#include <cstdio>
+#include <string>
 
 namespace playground {
 namespace {
@@ -77,6 +81,42 @@ TEST(CommandLine, HelpNamesEveryOption) {
                                  "--right-to-left", "--autoquit", "--help", "--version"}) {
     EXPECT_NE(HelpText().find(name), std::string::npos) << name;
   }
+}
+
+// What the script that builds and opens the program prints of itself.
+std::string HelpOfTheScript() {
+  std::string text;
+  FILE* const pipe = popen(("'" + tests::SourceFolder() + "/run' --help").c_str(), "r");
+  for (int unit = std::fgetc(pipe); unit != EOF; unit = std::fgetc(pipe)) {
+    text.push_back(static_cast<char>(unit));
+  }
+  pclose(pipe);
+  return text;
+}
+
+// The lines of a help that tell of options.
+std::string OptionsIn(std::string const& help) {
+  std::size_t const begin = help.find("\n  --page");
+  std::size_t const end = help.find("\n\n", begin);
+  return begin == std::string::npos ? std::string() : help.substr(begin, end - begin);
+}
+
+TEST(CommandLine, HelpOfTheScriptTellsTheSameOptions) {
+  EXPECT_FALSE(OptionsIn(HelpText()).empty());
+  EXPECT_EQ(OptionsIn(HelpOfTheScript()), OptionsIn(HelpText()));
+}
+
+TEST(CommandLine, HelpNamesTheLanguagesThatThereAre) {
+  for (std::string const& help : {HelpText(), HelpOfTheScript()}) {
+    EXPECT_NE(help.find("--language NAME     en, de, or pseudo"), std::string::npos);
+    EXPECT_NE(help.find("peaks: .dat"), std::string::npos);
+  }
+}
+
+TEST(CommandLine, KeepsTheLanguageThatWasReadBeforeAFault) {
+  auto const result = ParseCommandLine({"--language", "pseudo", "--sideways"});
+  EXPECT_FALSE(result.IsOk());
+  EXPECT_EQ(result.commandLine.language, LanguageChoice::kPseudo);
 }
 
 TEST(CommandLine, StandsOverWhatWasRemembered) {

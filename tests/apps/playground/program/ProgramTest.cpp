@@ -22,6 +22,7 @@
 namespace playground {
 namespace {
 
+using moxaudiotoolkit::AudioFileFormat;
 using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::Not;
@@ -105,6 +106,18 @@ TEST_F(Program, TellsOfABadFileInTheLanguageAskedFor) {
   EXPECT_THAT(run.errors, HasSubstr("Die Datei ist leer."));
 }
 
+TEST_F(Program, NamesASoundThatCannotBeReadToItsEndOnceAndRendersTheOthers) {
+  auto const whole = WriteTone(Folder(), "whole.flac", AudioFileFormat::kFlacInt16, 60);
+  auto const cut = WriteTruncated(whole, fs::file_size(whole) / 2);
+  ProgramRun const run(
+      {"--render", Out(), "--page", "audio", "--language", "de", cut.string(), whole.string()}, Folder());
+  EXPECT_EQ(run.code, 1);
+  EXPECT_THAT(run.errors, HasSubstr("playground: " + cut.string() + ": "));
+  EXPECT_EQ(run.errors.find("truncated-"), run.errors.rfind("truncated-")) << run.errors;
+  EXPECT_THAT(run.errors, Not(HasSubstr("/whole.flac")));
+  EXPECT_TRUE(fs::exists(Out() + "/audio-2-whole.png"));
+}
+
 TEST_F(Program, RendersEachOfSeveralSounds) {
   auto const one = WriteTone(Folder(), "one.wav");
   auto const two = WriteTone(Folder(), "two.wav", 1);
@@ -125,7 +138,7 @@ TEST_F(Program, NamesABadFileAndShowsTheOthers) {
   EXPECT_TRUE(fs::exists(Out() + "/audio-whole.png"));
 }
 
-// Files that can't be opened; each is made in a folder that is given.
+// Files that can't be opened or read to their end; each is made in a folder that is given.
 struct BadFile {
   char const* name;
   fs::path (*make)(fs::path const& folder);
@@ -188,7 +201,26 @@ INSTANTIATE_TEST_SUITE_P(
         BadFile{"AbsurdRate",
                 [](fs::path const& folder) { return WriteHeader(folder, "a.wav", 0x7FFFFFFF, 8000); }},
         BadFile{"LargestRate",
-                [](fs::path const& folder) { return WriteHeader(folder, "a.wav", 0xFFFFFFFF, 8000); }}),
+                [](fs::path const& folder) { return WriteHeader(folder, "a.wav", 0xFFFFFFFF, 8000); }},
+        // The header of these is good: what is wrong with them shows as they are read.
+        BadFile{"FlacCutShort",
+                [](fs::path const& folder) {
+                  auto const whole = WriteTone(folder, "a.flac", AudioFileFormat::kFlacInt16, 60);
+                  return WriteTruncated(whole, fs::file_size(whole) / 2);
+                }},
+        BadFile{"FlacDamagedInTheMiddle",
+                [](fs::path const& folder) {
+                  return Damage(WriteTone(folder, "a.flac", AudioFileFormat::kFlacInt16, 60), 0.4, 0.6);
+                }},
+        BadFile{"FlacThatPromisesMore",
+                [](fs::path const& folder) {
+                  return PromiseFlacFrames(WriteTone(folder, "a.flac", AudioFileFormat::kFlacInt16, 1),
+                                           10'000'000);
+                }},
+        BadFile{"OggDamagedInTheMiddle",
+                [](fs::path const& folder) {
+                  return Damage(WriteTone(folder, "a.ogg", AudioFileFormat::kOggVorbis, 60), 0.4, 0.6);
+                }}),
     [](auto const& file) { return std::string(file.param.name); });
 
 TEST_F(Program, ShowsWhatIsThereWhenTheHeaderTellsOfFarMore) {
@@ -222,6 +254,26 @@ TEST_F(Program, SaysThatThereIsNoFont) {
       ProgramRun({"--list"}, Folder(), ProgramRun::Display::kOffscreen, {"FONTCONFIG_FILE=" + none.string()})
           .code,
       0);
+}
+
+TEST_F(Program, ComplainsInTheLanguageAskedForFromTheStart) {
+  auto const none = WriteBytes(Folder(), "fonts.conf", "<fontconfig/>");
+  ProgramRun const noFont({"--render", Out(), "--language", "de"}, Folder(), ProgramRun::Display::kOffscreen,
+                          {"FONTCONFIG_FILE=" + none.string()});
+  EXPECT_THAT(noFont.errors, HasSubstr("Es gibt keine Schrift"));
+  EXPECT_THAT(ProgramRun({"--language", "de"}, Folder(), ProgramRun::Display::kNone).errors,
+              HasSubstr("Es gibt keine Anzeige"));
+  EXPECT_THAT(ProgramRun({"--language", "de", "--sideways"}, Folder()).errors,
+              HasSubstr("Unbekannte Option \"--sideways\""));
+  EXPECT_THAT(ProgramRun({"--page", "nowhere", "--language=de"}, Folder()).errors,
+              HasSubstr("Es gibt keine Seite \"nowhere\""));
+}
+
+TEST_F(Program, ComplainsInTheLanguageOfTheSettings) {
+  fs::create_directories(Folder() / "config" / "moxmediaui");
+  WriteBytes(Folder() / "config" / "moxmediaui", "playground.ini", "language=de\n");
+  EXPECT_THAT(ProgramRun({}, Folder(), ProgramRun::Display::kNone).errors,
+              HasSubstr("Es gibt keine Anzeige"));
 }
 
 TEST_F(Program, DrawsSamplesThatAreNoNumbers) {

@@ -40,6 +40,8 @@ class PeakBuilder {
   State GetState() const;
   // Why building failed, localised; empty otherwise.
   std::string GetProblem() const;
+  // The same without the name of the file, where there is one.
+  std::string GetReason() const;
   // From 0 to 1.
   double GetProgress() const;
 

@@ -83,7 +83,7 @@ void ControlPage::Listen(UI_ControlView& control, moxcore::Utf16String const& ti
 void ControlPage::ShowState(std::size_t state) {
   mState = std::min(state, mStates.size() - 1);
   for (Row const& row : mRows) {
-    row.preview->SetControl(row.sample.make(), mStates[mState]);
+    row.preview->SetView(row.sample.make(), mStates[mState], {.pointer = row.sample.pointer});
   }
   UI_Invalidate();
 }

@@ -16,12 +16,13 @@ class KeyTable;
 class StatePreview;
 
 // One control of a page: what it is called, how it is made, and its size where the recommended one would not
-// do (0: the recommended one).
+// do (0: the recommended one). `pointer` is where it is pointed at, by shares of its extent.
 struct ControlSample {
   std::string_view title;  // literal
   std::function<moxcore::utility::IntrusivePtr<moxui::controls::UI_ControlView>()> make;
   float width = 0.0f;
   float height = 0.0f;
+  moxui::PointT<float> pointer{0.5f, 0.5f};
 };
 
 // A row for each control: its name, the control itself to be tried, and the same control frozen in the state

@@ -4,6 +4,7 @@
 #include "controls/BoxSamples.h"
 #include "controls/ControlKeys.h"
 #include "controls/ControlPage.h"
+#include "controls/DrawnSamples.h"
 #include "controls/SampleState.h"
 #include "controls/ScrollSample.h"
 #include "controls/TreeSample.h"
@@ -20,6 +21,7 @@
 #include <moxui/controls/UI_Popup.h>
 #include <moxui/controls/UI_RadioButton.h>
 #include <moxui/controls/UI_Slider.h>
+#include <moxui/controls/UI_SliderHotTextNumber.h>
 #include <moxui/controls/UI_StaticText.h>
 #include <moxui/controls/UI_TextButton.h>
 #include <moxui/controls/UI_TextEdit.h>
@@ -43,6 +45,7 @@ using moxui::controls::UI_PictureTextButton;
 using moxui::controls::UI_Popup;
 using moxui::controls::UI_RadioButton;
 using moxui::controls::UI_Slider;
+using moxui::controls::UI_SliderHotTextNumber;
 using moxui::controls::UI_StaticText;
 using moxui::controls::UI_TextButton;
 using moxui::controls::UI_TextEdit;
@@ -189,6 +192,17 @@ Control Slider(moxui::controls::SliderStyle style, moxui::controls::Orientation 
   return Focusable(std::move(slider));
 }
 
+Control SliderWithNumber() {
+  auto slider = MakeIntrusive<UI_SliderHotTextNumber>();
+  slider->Init();
+  slider->SetAccessibleName(moxcore::Utf8String(Text("$$$/playground/sample/fontSize=Font size")));
+  slider->SetExtent(1.0, 400.0);
+  slider->GetHotTextNumber()->SetMaxValue(1600.0);
+  slider->GetHotTextNumber()->SetDecimalPlaces(1);
+  slider->SetValue(48.0);
+  return slider;
+}
+
 Control TextEdit(bool empty, bool readOnly) {
   auto edit = MakeIntrusive<UI_TextEdit>();
   edit->SetAccessibleName(moxcore::Utf8String(Text("$$$/playground/sample/clipName=Name of the clip")));
@@ -285,9 +299,12 @@ std::vector<ControlSample> Buttons() {
       {"$$$/playground/sample/holdButton=With a hold icon", [] { return AccentedButton(Accent::kHoldIcon); },
        96.0f},
       {"$$$/playground/sample/pictureButton=Picture", [] { return PictureButton(); }, 32.0f},
+      {"$$$/playground/sample/namedPictureButton=Picture by name", [] { return NamedPictureSample(); },
+       32.0f},
       {"$$$/playground/sample/pictureTextButton=Picture and text", [] { return PictureTextButton(); }, 96.0f},
       {"$$$/playground/sample/disclosure=Disclosure triangle", [] { return DisclosureTriangle(); }},
-      {"$$$/playground/sample/radio=Radio", [] { return RadioButton(); }, 120.0f}};
+      {"$$$/playground/sample/radio=Radio", [] { return RadioButton(); }, 120.0f},
+      {"$$$/playground/sample/ownerDrawn=Drawn by its owner", [] { return OwnerDrawnSample(); }, 96.0f}};
 }
 
 std::vector<ControlSample> Checkboxes() {
@@ -311,7 +328,8 @@ std::vector<ControlSample> Texts() {
            [] { return StaticText(ControlAlignment::kLeft, TextTruncation::kMiddle, false); }, 240.0f, 20.0f},
           {"$$$/playground/sample/textEnd=Cut at the end",
            [] { return StaticText(ControlAlignment::kLeft, TextTruncation::kEnd, false); }, 240.0f, 20.0f},
-          {"$$$/playground/sample/textWrapped=Wrapped", [] { return WrappedText(); }, 240.0f, 68.0f}};
+          {"$$$/playground/sample/textWrapped=Wrapped", [] { return WrappedText(); }, 240.0f, 68.0f},
+          {"$$$/playground/sample/staticImage=Picture", [] { return StaticImageSample(); }}};
 }
 
 std::vector<ControlSample> Popups() {
@@ -324,12 +342,14 @@ std::vector<ControlSample> Popups() {
 std::vector<ControlSample> Sliders() {
   using moxui::controls::Orientation;
   using moxui::controls::SliderStyle;
-  return {{"$$$/playground/sample/sliderPlain=Plain",
-           [] { return Slider(SliderStyle::kPlain, Orientation::kHorizontal); }, 240.0f},
-          {"$$$/playground/sample/sliderTicked=With ticks",
-           [] { return Slider(SliderStyle::kTicked, Orientation::kHorizontal); }, 240.0f},
-          {"$$$/playground/sample/sliderVertical=Vertical",
-           [] { return Slider(SliderStyle::kPlain, Orientation::kVertical); }, 24.0f, 160.0f}};
+  return {
+      {"$$$/playground/sample/sliderPlain=Plain",
+       [] { return Slider(SliderStyle::kPlain, Orientation::kHorizontal); }, 240.0f},
+      {"$$$/playground/sample/sliderTicked=With ticks",
+       [] { return Slider(SliderStyle::kTicked, Orientation::kHorizontal); }, 240.0f},
+      {"$$$/playground/sample/sliderVertical=Vertical",
+       [] { return Slider(SliderStyle::kPlain, Orientation::kVertical); }, 24.0f, 160.0f},
+      {"$$$/playground/sample/sliderNumber=With a hot number", [] { return SliderWithNumber(); }, 240.0f}};
 }
 
 std::vector<ControlSample> ScrollViews() {
@@ -339,12 +359,14 @@ std::vector<ControlSample> ScrollViews() {
 }
 
 std::vector<ControlSample> Trees() {
-  return {
-      {"$$$/playground/sample/treeTakes=A hundred thousand rows", [] { return TreeSample(TreeKind::kTakes); },
-       280.0f, 160.0f},
-      {"$$$/playground/sample/treeChannels=Controls in cells", [] { return TreeSample(TreeKind::kChannels); },
-       280.0f, 160.0f},
-      {"$$$/playground/sample/treeBins=Nested", [] { return TreeSample(TreeKind::kBins); }, 280.0f, 160.0f}};
+  // Below the rows that are selected.
+  constexpr moxui::PointT<float> kLow{0.5f, 0.7f};
+  return {{"$$$/playground/sample/treeTakes=A hundred thousand rows",
+           [] { return TreeSample(TreeKind::kTakes); }, 280.0f, 160.0f, kLow},
+          {"$$$/playground/sample/treeChannels=Controls in cells",
+           [] { return TreeSample(TreeKind::kChannels); }, 280.0f, 160.0f, kLow},
+          {"$$$/playground/sample/treeBins=Nested", [] { return TreeSample(TreeKind::kBins); }, 280.0f,
+           160.0f, kLow}};
 }
 
 std::vector<ControlSample> Boxes() {
@@ -385,7 +407,9 @@ std::vector<PageDescriptor> ControlPages() {
       Described("checkbox", "$$$/playground/page/checkbox=Checkbox",
                 "$$$/playground/page/checkbox/text=A box with a mark, and a label beside it.", Checkboxes),
       Described("static-text", "$$$/playground/page/staticText=Static text",
-                "$$$/playground/page/staticText/text=A text to be read: one line, or wrapped at words.",
+                "$$$/playground/page/staticText/text=A text to be read: one line, or wrapped at words. A "
+                "picture to be "
+                "looked at.",
                 Texts, {SampleState::kNormal, SampleState::kDisabled, SampleState::kUnknown}),
       Described("popup", "$$$/playground/page/popup=Popup",
                 "$$$/playground/page/popup/text=One of several items, chosen from a menu.", Popups),
@@ -404,7 +428,7 @@ std::vector<PageDescriptor> ControlPages() {
       Described(
           "tree", "$$$/playground/page/tree=Tree",
           "$$$/playground/page/tree/text=Rows in columns, any number of them, with whatever cells hold.",
-          Trees, {SampleState::kNormal, SampleState::kFocused, SampleState::kDisabled}),
+          Trees, {SampleState::kNormal, SampleState::kHover, SampleState::kFocused, SampleState::kDisabled}),
       Described(
           "box", "$$$/playground/page/box=Boxes and rows",
           "$$$/playground/page/box/text=Frames around what belongs together, and rows of buttons that make "
@@ -415,7 +439,8 @@ std::vector<PageDescriptor> ControlPages() {
                 "Escape takes "
                 "it back.",
                 TextEdits,
-                {SampleState::kNormal, SampleState::kHover, SampleState::kFocused, SampleState::kDisabled})};
+                {SampleState::kNormal, SampleState::kHover, SampleState::kFocused, SampleState::kDisabled,
+                 SampleState::kUnknown})};
 }
 
 }  // namespace playground

@@ -8,6 +8,7 @@
 #include <moxui/controls/UI_ControlMessage.h>
 #include <moxui/controls/UI_Popup.h>
 #include <moxui/controls/UI_Slider.h>
+#include <moxui/controls/UI_SliderHotTextNumber.h>
 #include <moxui/controls/UI_TextEdit.h>
 
 namespace playground {
@@ -20,6 +21,7 @@ using moxui::controls::UI_HoverMessage;
 using moxui::controls::UI_InteractiveControlChangedMessage;
 using moxui::controls::UI_Popup;
 using moxui::controls::UI_Slider;
+using moxui::controls::UI_SliderHotTextNumber;
 using moxui::controls::UI_TextEdit;
 
 std::string ValueOf(UI_ControlView const& control) {
@@ -27,6 +29,9 @@ std::string ValueOf(UI_ControlView const& control) {
     return To8(popup->GetShownText());
   }
   if (auto const* const slider = dynamic_cast<UI_Slider const*>(&control)) {
+    return TextFromNumber(slider->GetValue(), 3);
+  }
+  if (auto const* const slider = dynamic_cast<UI_SliderHotTextNumber const*>(&control)) {
     return TextFromNumber(slider->GetValue(), 3);
   }
   if (auto const* const edit = dynamic_cast<UI_TextEdit const*>(&control)) {

@@ -1,5 +1,6 @@
 #include "controls/StatePreview.h"
 
+#include <moxui/controls/UI_ControlView.h>
 #include <moxui/ui/NodeTree.h>
 #include <moxui/ui/UI_NodeManager.h>
 
@@ -9,7 +10,9 @@ namespace playground {
 namespace {
 
 using moxui::RectT;
+using moxui::controls::UI_ControlView;
 using moxui::ui::NodeTree;
+using moxui::ui::UI_Node;
 using moxui::ui::UI_NodeManager;
 
 // Room for what controls draw outside of themselves, focus rings above all.
@@ -23,10 +26,11 @@ StatePreview::StatePreview() {
 
 StatePreview::~StatePreview() = default;
 
-void StatePreview::SetControl(moxcore::utility::IntrusivePtr<moxui::controls::UI_ControlView> control,
-                              SampleState state) {
-  mControl = std::move(control);
+void StatePreview::SetView(moxcore::utility::IntrusivePtr<moxui::ui::UI_Node> view, SampleState state,
+                           PreviewAim aim) {
+  mView = std::move(view);
   mState = state;
+  mAim = std::move(aim);
   Freeze();
   UI_Invalidate();
 }
@@ -37,9 +41,42 @@ void StatePreview::PointAt(moxui::PointT<float> point) {
   mTree->HandlePointer(input);
 }
 
+// Of a view that is made of others, the one that would be pressed.
+void StatePreview::PressWhatIsUnderThePointer() {
+  auto const hovered = mTree->GetHoveredNode();
+  for (UI_Node* node = hovered.Get(); node != nullptr; node = node->UI_GetParentNode()) {
+    if (auto* const part = dynamic_cast<UI_ControlView*>(node)) {
+      part->SetDownState(true);
+    }
+  }
+}
+
+moxui::PointT<float> StatePreview::AimedPoint() const {
+  RectT<float> const own = UI_GetLocalRectF(false);
+  return mAim.part != nullptr
+             ? mAim.part->UI_ConvertRectTo(nullptr, mAim.part->UI_GetLocalRectF(false)).Center()
+             : moxui::PointT<float>(own.width * mAim.pointer.x, own.height * mAim.pointer.y);
+}
+
+void StatePreview::FocusWhatIsMeant() {
+  if (mAim.part != nullptr) {
+    mTree->SetFocus(mAim.part, moxui::ui::FocusChangeReason::kTraversal);
+  } else {
+    mTree->MoveFocus(false);
+  }
+}
+
+void StatePreview::MakeUnknown() {
+  if (mAim.makeUnknown) {
+    mAim.makeUnknown();
+  } else if (auto* const control = dynamic_cast<UI_ControlView*>(mView.Get())) {
+    control->SetValueUnknown();
+  }
+}
+
 void StatePreview::Freeze() {
   RectT<float> const own = UI_GetLocalRectF(false);
-  if (!mControl || own.IsEmpty()) {
+  if (!mView || own.IsEmpty()) {
     return;
   }
   // The tree of the window stays the one that menus and captures belong to.
@@ -48,18 +85,20 @@ void StatePreview::Freeze() {
   mTree->SetRoot(nullptr);
   mTree->SetSize(own.Extent());
   mTree->SetScale(GetViewScaleFactor());
-  mControl->UI_SetDisabled(mState == SampleState::kDisabled);
-  mControl->SetDownState(mState == SampleState::kPressed);
+  mView->UI_SetDisabled(mState == SampleState::kDisabled);
   if (mState == SampleState::kUnknown) {
-    mControl->SetValueUnknown();
+    MakeUnknown();
   }
-  mTree->SetRoot(mControl);
+  mTree->SetRoot(mView);
   mTree->SetActive(true);
   if (mState == SampleState::kHover || mState == SampleState::kPressed) {
-    PointAt(own.Center());
+    PointAt(AimedPoint());
+  }
+  if (mState == SampleState::kPressed) {
+    PressWhatIsUnderThePointer();
   }
   if (mState == SampleState::kFocused) {
-    mTree->MoveFocus(false);
+    FocusWhatIsMeant();
   }
   mTree->PrepareFrame();
   mIsFreezing = false;
@@ -69,8 +108,8 @@ void StatePreview::Freeze() {
 }
 
 void StatePreview::UI_Draw(moxui::scriber::Scriber* scriber) const {
-  if (mControl) {
-    moxui::ui::PaintNode(*mControl, *scriber);
+  if (mView) {
+    moxui::ui::PaintNode(*mView, *scriber);
   }
 }
 

@@ -2,10 +2,10 @@
 
 #include "controls/SampleState.h"
 
-#include <moxui/controls/UI_ControlView.h>
 #include <moxui/ui/NodeTreeHost.h>
 #include <moxui/ui/UI_Node.h>
 
+#include <functional>
 #include <memory>
 
 namespace moxui::ui {
@@ -14,15 +14,23 @@ class NodeTree;
 
 namespace playground {
 
-// Shows a control frozen in a state, whatever the pointer and the keyboard do meanwhile. The control lives in
-// a tree of its own, in which it is really hovered, really has the focus.
+// What of a view is in the state that is asked for.
+struct PreviewAim {
+  moxui::PointT<float> pointer{0.5f, 0.5f};  // where it is pointed at, by shares of its extent
+  moxui::ui::UI_Node* part = nullptr;      // or a part of it, which is pointed at and has the keyboard focus
+  std::function<void()> makeUnknown = {};  // for what is no control
+};
+
+// Shows a view frozen in a state, whatever the pointer and the keyboard do meanwhile. The view lives in a
+// tree of its own, in which it is really hovered, really has the focus.
 class StatePreview : public moxui::ui::UI_Node, private moxui::ui::NodeTreeHost {
  public:
   StatePreview();
   ~StatePreview() override;
 
-  void SetControl(moxcore::utility::IntrusivePtr<moxui::controls::UI_ControlView> control, SampleState state);
-  moxui::controls::UI_ControlView* GetControl() const { return mControl.Get(); }
+  void SetView(moxcore::utility::IntrusivePtr<moxui::ui::UI_Node> view, SampleState state,
+               PreviewAim aim = {});
+  moxui::ui::UI_Node* GetView() const { return mView.Get(); }
 
   void UI_Draw(moxui::scriber::Scriber* scriber) const override;
   void UI_SizeChanged(moxui::RectT<float> const& rect) override;
@@ -33,6 +41,10 @@ class StatePreview : public moxui::ui::UI_Node, private moxui::ui::NodeTreeHost 
  private:
   void Freeze();
   void PointAt(moxui::PointT<float> point);
+  moxui::PointT<float> AimedPoint() const;
+  void FocusWhatIsMeant();
+  void PressWhatIsUnderThePointer();
+  void MakeUnknown();
 
   // moxui::ui::NodeTreeHost
   void RequestFrame() override;
@@ -44,7 +56,8 @@ class StatePreview : public moxui::ui::UI_Node, private moxui::ui::NodeTreeHost 
   moxui::ui::ModKeys GetModKeys() const override { return {}; }
   moxui::ui::MouseButtons GetMouseButtons() const override { return {}; }
 
-  moxcore::utility::IntrusivePtr<moxui::controls::UI_ControlView> mControl;
+  moxcore::utility::IntrusivePtr<moxui::ui::UI_Node> mView;
+  PreviewAim mAim;
   SampleState mState = SampleState::kNormal;
   bool mIsFreezing = false;
   std::unique_ptr<moxui::ui::NodeTree> mTree;

@@ -1,6 +1,7 @@
 #include "presets/PresetsPage.h"
 
 #include "audio/AudioProperties.h"
+#include "presets/PickerStates.h"
 #include "presets/PresetModel.h"
 #include "presets/WaveformPreview.h"
 #include "program/AppearanceState.h"
@@ -48,6 +49,9 @@ IntrusivePtr<UI_StaticText> SmallText(moxcore::Utf16String text) {
   return line;
 }
 
+// The presets that a picker begins with, and one that has been changed by hand.
+enum State { kChanged = 1, kStates = 2 };
+
 }  // namespace
 
 PresetsPage::PresetsPage(PageContext const& context) : mSession(context.audio), mLog(context.log) {
@@ -81,13 +85,20 @@ PresetsPage::PresetsPage(PageContext const& context) : mSession(context.audio), 
     log.Add(value.empty() ? property.label
                           : Text("$$$/playground/log/property=@0: @1", {property.label, value}));
   });
+  mShown = std::make_unique<ShownPreset>();
+  mStates = MakeIntrusive<StateTable>(PickerStateColumns(*mShown),
+                                      Text16("$$$/playground/presets/statesRemark=Each column has another "
+                                             "part under the pointer, pressed or with "
+                                             "the keyboard focus."));
+  mStates->UI_Hide();
   for (IntrusivePtr<UI_Node> const& child : {IntrusivePtr<UI_Node>(mPicker),
                                              {mFolder},
                                              {mReload},
                                              {mPreview},
                                              {mSkippedView},
                                              {mHint},
-                                             {mPanel}}) {
+                                             {mPanel},
+                                             {mStates}}) {
     ChildPushBack(child);
   }
   WhenChanged(*mReload, this, [](PresetsPage& page) { page.Reload(); });
@@ -98,8 +109,9 @@ PresetsPage::PresetsPage(PageContext const& context) : mSession(context.audio), 
 PresetsPage::~PresetsPage() {
   mSession.RemoveListener(this);
   mPicker->SetPresetProvider(nullptr);
-  // Before the log that it listens to.
+  // Before the log that it listens to, and before the preset that they show.
   ChildRemove(mSkippedView);
+  ChildRemove(mStates);
 }
 
 PropertyPanel& PresetsPage::Panel() const {
@@ -110,6 +122,10 @@ WaveformPreview& PresetsPage::Preview() const {
 }
 EventLogView& PresetsPage::SkippedView() const {
   return *mSkippedView;
+}
+
+StateTable& PresetsPage::States() const {
+  return *mStates;
 }
 
 float PresetsPage::GetScrollOffset() const {
@@ -123,18 +139,30 @@ void PresetsPage::Settle() {
   mPreview->Settle();
 }
 
-// The first preset, or something that somebody made of it by hand.
+// The first preset, something that somebody made of it by hand, or the picker in its states.
 void PresetsPage::ShowState(std::size_t state) {
   std::vector<moxmediaui::PresetInfo> infos;
   mModel->GetPresetInfos(infos);
   if (!infos.empty()) {
     mModel->LoadPreset(infos.front());
   }
-  if (state == 1) {
+  if (state == kChanged) {
     mSession.ChangeSettings([](WaveformSettings& settings) {
       settings.peakStyle = PeakStyle::kRectified;
       settings.gainDecibel = 6.0;
     });
+  }
+  ShowStates(state == kStates);
+}
+
+// The others are but places to begin from.
+void PresetsPage::ResumeState(std::size_t state) {
+  ShowStates(state == kStates);
+}
+
+void PresetsPage::ShowStates(bool show) {
+  for (auto child = ChildBegin(); child != ChildEnd(); ++child) {
+    (*child)->UI_Show(show == (child->Get() == mStates.Get()));
   }
 }
 
@@ -193,6 +221,7 @@ void PresetsPage::UI_SizeChanged(RectT<float> const& rect) {
   place(*mHint, {kPanelPadding, hintTop, width, hint});
   place(*mSkippedView, {0.0f, rect.height - skipped, main, skipped});
   place(*mPanel, {main, 0.0f, panel, rect.height});
+  mStates->UI_SetLocalRectF(rect);
 }
 
 PageDescriptor PresetsPageDescriptor() {
@@ -203,7 +232,8 @@ PageDescriptor PresetsPageDescriptor() {
       .description =
           "$$$/playground/page/presets/text=Views of the waveform under names, each in a file of its own.",
       .states = {{"preset", "$$$/playground/state/preset=Preset"},
-                 {"changed", "$$$/playground/state/presetChanged=Changed by hand"}},
+                 {"changed", "$$$/playground/state/presetChanged=Changed by hand"},
+                 {"states", "$$$/playground/state/states=States"}},
       .make = [](PageContext const& context) -> IntrusivePtr<Page> {
         return MakeIntrusive<PresetsPage>(context);
       }};

@@ -15,17 +15,19 @@ namespace playground {
 class EventLogView;
 class PresetModel;
 class PropertyPanel;
+class ShownPreset;
+class StateTable;
 class WaveformPreview;
 
 // Presets of the audio page's view: a picker over them, what they look like at once, all that they are made
-// of, and the files in their folder that hold none.
+// of, and the files in their folder that hold none; and the picker frozen in each of its states.
 class PresetsPage : public Page {
  public:
   explicit PresetsPage(PageContext const& context);
   ~PresetsPage() override;
 
   void ShowState(std::size_t state) override;
-  void ResumeState(std::size_t) override {}
+  void ResumeState(std::size_t state) override;
   void Settle() override;
   float GetScrollOffset() const override;
   void SetScrollOffset(float offset) override;
@@ -34,6 +36,7 @@ class PresetsPage : public Page {
   moxui::controls::UI_TextButton& ReloadButton() const { return *mReload; }
   PropertyPanel& Panel() const;
   WaveformPreview& Preview() const;
+  StateTable& States() const;
   EventLog const& Skipped() const { return mSkipped; }
   EventLogView& SkippedView() const;
   moxcore::Utf16String const& FolderText() const { return mFolder->GetValue(); }
@@ -41,6 +44,7 @@ class PresetsPage : public Page {
   void UI_SizeChanged(moxui::RectT<float> const& rect) override;
 
  private:
+  void ShowStates(bool show);
   void SessionChanged(SessionChanges changes);
   void ListSkipped();
   void Reload();
@@ -56,6 +60,8 @@ class PresetsPage : public Page {
   moxcore::utility::IntrusivePtr<EventLogView> mSkippedView;
   moxcore::utility::IntrusivePtr<moxui::controls::UI_StaticText> mHint;
   moxcore::utility::IntrusivePtr<PropertyPanel> mPanel;
+  std::unique_ptr<ShownPreset> mShown;  // in the table
+  moxcore::utility::IntrusivePtr<StateTable> mStates;
 };
 
 // Its entry in the list of pages.

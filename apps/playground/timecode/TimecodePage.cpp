@@ -1,9 +1,11 @@
 #include "timecode/TimecodePage.h"
 
+#include "controls/StateTable.h"
 #include "program/Localized.h"
 #include "properties/PropertyPanel.h"
 #include "shell/EventLog.h"
 #include "timecode/BenchPane.h"
+#include "timecode/FieldStates.h"
 #include "timecode/FormatGrids.h"
 #include "timecode/GridPane.h"
 #include "timecode/OptionGrids.h"
@@ -22,7 +24,7 @@ using moxcore::utility::MakeIntrusive;
 using moxmediaui::TickTime;
 
 // Panes in the order of the page's states.
-enum class Pane { kFormats, kOptions, kBench };
+enum class Pane { kFormats, kOptions, kBench, kStates };
 
 constexpr TickTime kTime = TimecodeBench::kFirstTime;
 
@@ -47,9 +49,14 @@ TimecodePage::TimecodePage(PageContext const& context) : mLog(context.log) {
   mFormats = MakeIntrusive<GridPane>(Name("$$$/playground/state/formats=Formats"), FormatGrids());
   mOptions = MakeIntrusive<GridPane>(Name("$$$/playground/state/options=Options"), OptionGrids(kTime));
   mBench = MakeIntrusive<BenchPane>(context.timecode, mLog);
+  mStates = MakeIntrusive<StateTable>(FieldStateColumns(kTime),
+                                      Text16("$$$/playground/timecode/statesRemark=Under the pointer, and "
+                                             "while it is dragged, a field looks as it "
+                                             "always does: the pointer's shape tells of it."));
   ChildPushBack(mFormats);
   ChildPushBack(mOptions);
   ChildPushBack(mBench);
+  ChildPushBack(mStates);
   mFormats->SetHearFunction([this](GridPane::Field const& field, Message const& message) {
     AddToLog(mLog, field, message);
     // All fields show the time that one of them was brought to.
@@ -77,11 +84,16 @@ BenchPane& TimecodePage::Bench() const {
   return *mBench;
 }
 
+StateTable& TimecodePage::States() const {
+  return *mStates;
+}
+
 void TimecodePage::ShowState(std::size_t state) {
   auto const pane = static_cast<Pane>(state);
   mFormats->UI_Show(pane == Pane::kFormats);
   mOptions->UI_Show(pane == Pane::kOptions);
   mBench->UI_Show(pane == Pane::kBench);
+  mStates->UI_Show(pane == Pane::kStates);
   if (pane == Pane::kOptions) {
     ShowTextSizes();
   }
@@ -100,14 +112,17 @@ void TimecodePage::ShowTextSizes() {
 float TimecodePage::GetScrollOffset() const {
   return mBench->UI_IsShown()     ? mBench->Panel().GetScrollOffset()
          : mOptions->UI_IsShown() ? mOptions->GetScrollOffset()
-                                  : mFormats->GetScrollOffset();
+         : mFormats->UI_IsShown() ? mFormats->GetScrollOffset()
+                                  : 0.0f;
 }
 
 void TimecodePage::SetScrollOffset(float offset) {
   if (mBench->UI_IsShown()) {
     mBench->Panel().SetScrollOffset(offset);
-  } else {
-    (mOptions->UI_IsShown() ? mOptions : mFormats)->SetScrollOffset(offset);
+  } else if (mOptions->UI_IsShown()) {
+    mOptions->SetScrollOffset(offset);
+  } else if (mFormats->UI_IsShown()) {
+    mFormats->SetScrollOffset(offset);
   }
 }
 
@@ -116,6 +131,7 @@ void TimecodePage::UI_SizeChanged(moxui::RectT<float> const& rect) {
   mFormats->UI_SetLocalRectF(rect);
   mOptions->UI_SetLocalRectF(rect);
   mBench->UI_SetLocalRectF(rect);
+  mStates->UI_SetLocalRectF(rect);
   if (mOptions->UI_IsShown()) {
     ShowTextSizes();
   }
@@ -130,7 +146,8 @@ PageDescriptor TimecodePageDescriptor() {
               "arrow keys step.",
           .states = {{"formats", "$$$/playground/state/formats=Formats"},
                      {"options", "$$$/playground/state/options=Options"},
-                     {"bench", "$$$/playground/state/bench=Bench"}},
+                     {"bench", "$$$/playground/state/bench=Bench"},
+                     {"states", "$$$/playground/state/states=States"}},
           .make = [](PageContext const& context) -> moxcore::utility::IntrusivePtr<Page> {
             return MakeIntrusive<TimecodePage>(context);
           }};

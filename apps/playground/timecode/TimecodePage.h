@@ -8,9 +8,10 @@ namespace playground {
 
 class BenchPane;
 class GridPane;
+class StateTable;
 
 // Timecode fields: all formats at all rates, which show one time and are moved together; what fields can be
-// told; and one to try it all on.
+// told; one to try it all on; and fields frozen in each of their states.
 class TimecodePage : public Page {
  public:
   explicit TimecodePage(PageContext const& context);
@@ -23,6 +24,7 @@ class TimecodePage : public Page {
   GridPane& Formats() const;
   GridPane& Options() const;
   BenchPane& Bench() const;
+  StateTable& States() const;
 
   void UI_SizeChanged(moxui::RectT<float> const& rect) override;
 
@@ -33,6 +35,7 @@ class TimecodePage : public Page {
   moxcore::utility::IntrusivePtr<GridPane> mFormats;
   moxcore::utility::IntrusivePtr<GridPane> mOptions;
   moxcore::utility::IntrusivePtr<BenchPane> mBench;
+  moxcore::utility::IntrusivePtr<StateTable> mStates;
 };
 
 // Its entry in the list of pages.

@@ -5,13 +5,17 @@
 #include "playground/StagedProgram.h"
 #include "program/Localized.h"
 
+#include <moxui/controls/UI_OwnerDrawButton.h>
 #include <moxui/controls/UI_Slider.h>
+#include <moxui/controls/UI_SliderHotTextNumber.h>
+#include <moxui/controls/UI_StaticImage.h>
 #include <moxui/testing/ModalAnswers.h>
 #include <moxui/ui/UI_NodeManager.h>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <set>
 #include <string>
 
@@ -25,25 +29,84 @@ std::string LastLine(StagedProgram const& program) {
   return program.state.log.Lines().empty() ? std::string() : To8(program.state.log.Lines().back().text);
 }
 
+// The preview of a row alone, and what it draws outside of itself: the heading of the column, say, would make
+// a difference too.
+std::vector<std::uint8_t> FaceOf(StagedProgram& program, std::size_t state, std::size_t row) {
+  program.Controls().ShowState(state);
+  auto const& preview = program.Controls().Preview(row);
+  auto const rect =
+      moxui::RectT<int>(preview.UI_ConvertRectTo(nullptr, preview.UI_GetLocalRectF(false).Inset(-6.0f)));
+  auto const all = program.Picture();
+  std::vector<std::uint8_t> face;
+  for (int y = rect.top; y < rect.Bottom(); ++y) {
+    auto const line = all.bytes.begin() + (static_cast<std::ptrdiff_t>(y) * all.width + rect.left) * 4;
+    face.insert(face.end(), line, line + static_cast<std::ptrdiff_t>(rect.width) * 4);
+  }
+  return face;
+}
+
+void ExpectAFaceForEachState(PageDescriptor const& page, StagedProgram& program, std::size_t row) {
+  std::set<std::vector<std::uint8_t>> faces;
+  for (std::size_t state = 0; state < page.states.size(); ++state) {
+    EXPECT_TRUE(faces.insert(FaceOf(program, state, row)).second)
+        << page.name << " " << row << " " << page.states[state].name;
+  }
+}
+
 TEST(ControlPage, EachStateOfEachPageHasAFaceOfItsOwn) {
   for (PageDescriptor const& page : ControlPages()) {
     StagedProgram program(page.name);
-    std::set<std::vector<std::uint8_t>> pictures;
-    for (std::size_t state = 0; state < page.states.size(); ++state) {
-      // The heading of the column alone would make a difference: what is compared is what lies below it.
-      program.Controls().ShowState(state);
-      auto const& preview = program.Controls().Preview(0);
-      auto const rect =
-          moxui::RectT<int>(preview.UI_ConvertRectTo(nullptr, preview.UI_GetLocalRectF(false).Inset(-6.0f)));
-      auto const all = program.Picture();
-      std::vector<std::uint8_t> part;
-      for (int y = rect.top; y < rect.Bottom(); ++y) {
-        auto const row = all.bytes.begin() + (static_cast<std::ptrdiff_t>(y) * all.width + rect.left) * 4;
-        part.insert(part.end(), row, row + static_cast<std::ptrdiff_t>(rect.width) * 4);
-      }
-      EXPECT_TRUE(pictures.insert(part).second) << page.name << " " << page.states[state].name;
+    ExpectAFaceForEachState(page, program, 0);
+  }
+}
+
+template <class Control>
+void ExpectOnAPageWithItsStates(std::string_view name) {
+  PageDescriptor const& page = AllPages()[FindPage(name)];
+  StagedProgram program(name);
+  for (std::size_t row = 0; row < program.Controls().SampleCount(); ++row) {
+    if (dynamic_cast<Control*>(&program.Controls().LiveControl(row)) != nullptr) {
+      ExpectAFaceForEachState(page, program, row);
+      return;
     }
   }
+  ADD_FAILURE() << "not on the page " << name;
+}
+
+TEST(ControlPage, ControlsThatAreMadeOfOthersOrDrawnByOthersHaveTheirStatesToo) {
+  ExpectOnAPageWithItsStates<moxui::controls::UI_SliderHotTextNumber>("slider");
+  ExpectOnAPageWithItsStates<moxui::controls::UI_OwnerDrawButton>("buttons");
+}
+
+TEST(ControlPage, PicturesAreShownAmongTexts) {
+  StagedProgram program("static-text");
+  std::size_t const last = program.Controls().SampleCount() - 1;
+  auto const* const image =
+      dynamic_cast<moxui::controls::UI_StaticImage const*>(&program.Controls().LiveControl(last));
+  ASSERT_NE(image, nullptr);
+  EXPECT_TRUE(image->GetImage());
+  EXPECT_NE(FaceOf(program, 0, last), FaceOf(program, 1, last)) << "disabled as well";
+}
+
+bool HasState(std::string_view page, std::string_view state) {
+  auto const& states = AllPages()[FindPage(page)].states;
+  return std::ranges::any_of(states, [state](PageState const& one) { return one.name == state; });
+}
+
+TEST(ControlPage, TextFieldsAreShownUnknownAndTreesUnderThePointer) {
+  EXPECT_TRUE(HasState("text-edit", "unknown"));
+  EXPECT_TRUE(HasState("tree", "hover"));
+}
+
+TEST(ControlPage, LogTellsTheValueOfASliderWithANumber) {
+  StagedProgram program("slider");
+  ControlPage& page = program.Controls();
+  auto& control =
+      dynamic_cast<moxui::controls::UI_SliderHotTextNumber&>(page.LiveControl(page.SampleCount() - 1));
+  program.stage.Click(program.stage.CenterOf(*control.GetHotTextNumber()));
+  program.stage.Type(u"72");
+  program.stage.Key(KeyboardCode::kReturn);
+  EXPECT_THAT(LastLine(program), HasSubstr("changed, 72"));
 }
 
 TEST(ControlPage, PreviewKeepsItsStateWhateverThePointerDoes) {

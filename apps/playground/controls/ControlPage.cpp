@@ -1,153 +1,60 @@
 #include "controls/ControlPage.h"
 
-#include "controls/ControlTalk.h"
-#include "controls/KeyTable.h"
-#include "controls/StatePreview.h"
 #include "program/Localized.h"
-#include "shell/EventLog.h"
-#include "shell/Painting.h"
 
-#include <moxui/controls/UI_InteractiveControlView.h>
-#include <moxui/scriber/Drawing.h>
+#include <moxui/controls/UI_ScrollBar.h>
 
 #include <algorithm>
-#include <cmath>
 #include <utility>
 
 namespace playground {
 namespace {
 
-using moxcore::messaging::Message;
 using moxcore::utility::MakeIntrusive;
 using moxui::RectT;
-using moxui::controls::UI_ControlView;
-using moxui::controls::UI_InteractiveControlView;
-using moxui::ui::FontIndex;
-using moxui::ui::ThemeColorID;
-
-constexpr float kHeaderHeight = 28.0f;
-constexpr float kRowPadding = 8.0f;
-constexpr float kTitleWidth = 176.0f;
-constexpr float kSmallestColumn = 200.0f;
-constexpr float kKeysGap = 20.0f;
-
-float UpToGrid(float value) {
-  return std::ceil(value / 4.0f) * 4.0f;
-}
-
-float ColumnWidth(float width) {
-  float const rest = (width - 2.0f * kPanelPadding - kTitleWidth) / 2.0f;
-  return std::max(std::floor(std::min(rest, 400.0f) / 4.0f) * 4.0f, kSmallestColumn);
-}
+using moxui::controls::UI_ScrollView;
+namespace ScrollViewStyle = moxui::controls::ScrollViewStyle;
 
 }  // namespace
 
 ControlPage::ControlPage(PageContext const& context, std::vector<ControlSample> samples,
                          std::vector<SampleState> states, std::vector<KeyLine> const& keys)
-    : mLog(context.log), mStates(std::move(states)) {
-  for (ControlSample& sample : samples) {
-    Row row;
-    row.title = Text16(sample.title);
-    row.live = sample.make();
-    row.preview = MakeIntrusive<StatePreview>();
-    row.sample = std::move(sample);
-    Listen(*row.live, row.title);
-    ChildPushBack(row.live);
-    ChildPushBack(row.preview);
-    mRows.push_back(std::move(row));
-  }
-  if (!keys.empty()) {
-    mKeys = MakeIntrusive<KeyTable>(keys, kTitleWidth);
-    ChildPushBack(mKeys);
-  }
+    : mSheet(MakeIntrusive<ControlSheet>(context.log, std::move(samples), keys)),
+      mScroll(MakeIntrusive<UI_ScrollView>(
+          mSheet, ScrollViewStyle::kFitContentWidth | ScrollViewStyle::kVerticalBar)),
+      mStates(std::move(states)) {
+  mScroll->SetAccessibleName(
+      moxcore::Utf8String(Text("$$$/playground/controls/sheet=Controls and their keys")));
+  ChildPushBack(mScroll);
+  mSheet->ShowState(mStates.front());
 }
 
 ControlPage::~ControlPage() = default;
 
-StatePreview& ControlPage::Preview(std::size_t row) const {
-  return *mRows[row].preview;
-}
-
-void ControlPage::Listen(UI_ControlView& control, moxcore::Utf16String const& title) {
-  auto const tell = [&log = mLog, name = To8(title)](Message* message) {
-    log.Add(MessageText(name, *message));
-  };
-  auto const handler = std::make_shared<std::function<void(Message*)>>(tell);
-  control.NotifyWhenChanged(handler);
-  control.NotifyHover(handler);
-  if (auto* const interactive = dynamic_cast<UI_InteractiveControlView*>(&control)) {
-    interactive->NotifyWhenChangedInteractively(handler);
-  }
-}
-
 void ControlPage::ShowState(std::size_t state) {
-  mState = std::min(state, mStates.size() - 1);
-  for (Row const& row : mRows) {
-    row.preview->SetView(row.sample.make(), mStates[mState], {.pointer = row.sample.pointer});
-  }
-  UI_Invalidate();
+  mSheet->ShowState(mStates[std::min(state, mStates.size() - 1)]);
 }
 
-void ControlPage::LayOut() {
-  RectT<float> const own = UI_GetLocalRectF(false);
-  if (own.IsEmpty()) {
-    return;
-  }
-  float const column = ColumnWidth(own.width);
-  float top = kHeaderHeight;
-  for (Row& row : mRows) {
-    auto const natural = row.live->UI_GetRecommendedSizeFromDefaultSupplier();
-    float const width = UpToGrid(row.sample.width > 0.0f ? row.sample.width : natural.width);
-    float const height = UpToGrid(row.sample.height > 0.0f ? row.sample.height : natural.height);
-    // Small controls stand in the middle of a row that is as high as others.
-    float const rowHeight = std::max(height, ControlHeight());
-    row.rect = {0.0f, top, own.width, rowHeight + 2.0f * kRowPadding};
-    float const left = kPanelPadding + kTitleWidth;
-    RectT<float> const live{left, top + kRowPadding + std::floor((rowHeight - height) / 2.0f),
-                            std::min(width, column - kGroupGap), height};
-    row.live->UI_SetLocalRectF(Placed(live, own.width));
-    row.preview->UI_SetLocalRectF(Placed(live.Offset({column, 0.0f}), own.width));
-    top += row.rect.height;
-  }
-  if (mKeys) {
-    RectT<float> const place{kPanelPadding, top + kKeysGap, own.width - 2.0f * kPanelPadding,
-                             mKeys->GetHeight()};
-    mKeys->UI_SetLocalRectF(place);
-    mKeys->UI_Show(place.Bottom() <= own.height);
-  }
-  ShowState(mState);
+float ControlPage::GetScrollOffset() const {
+  return mScroll->GetViewedRect().top;
+}
+
+void ControlPage::SetScrollOffset(float offset) {
+  mScroll->ScrollTo({0.0f, offset});
 }
 
 void ControlPage::UI_SizeChanged(RectT<float> const& rect) {
   Page::UI_SizeChanged(rect);
-  LayOut();
-}
-
-void ControlPage::UI_Draw(moxui::scriber::Scriber* scriber) const {
-  RectT<float> const own = UI_GetLocalRectF(false);
-  float const column = ColumnWidth(own.width);
-  float const left = kPanelPadding + kTitleWidth;
-  auto const heading = [&](float x, moxcore::Utf16String const& text) {
-    DrawLabel(scriber, text, Placed({x, 0.0f, column, kHeaderHeight}, own.width), Leading(),
-              FontIndex::kSmall, ThemeColor(ThemeColorID::kGray7));
-  };
-  heading(left, Text16("$$$/playground/controls/live=To be tried"));
-  heading(left + column, Text16(DescriptionOf(mStates[mState]).title));
-  auto const rule = [&](float top) {
-    moxui::utils::DrawRect(scriber, {kPanelPadding, top, own.width - 2.0f * kPanelPadding, 1.0f},
-                           ThemeColor(ThemeColorID::kGray3));
-  };
-  if (mKeys && mKeys->UI_IsShown()) {
-    rule(mKeys->UI_GetLocalRectF(true).top);
+  mScroll->UI_SetLocalRectF(rect);
+  if (rect.IsEmpty()) {
+    return;
   }
-  for (Row const& row : mRows) {
-    rule(row.rect.top);
-    DrawLabel(scriber, row.title,
-              Placed({kPanelPadding, row.rect.top, kTitleWidth - 8.0f, ControlHeight() + 2.0f * kRowPadding},
-                     own.width),
-              Leading(), FontIndex::kText, ThemeColor(ThemeColorID::kGray8));
-  }
-  Page::UI_Draw(scriber);
+  float const height = mSheet->GetHeight();
+  float const bar = height > rect.height ? moxui::controls::UI_ScrollBar::GetThickness() : 0.0f;
+  RectT<float> const extent{0.0f, 0.0f, rect.width - bar, height};
+  mSheet->UI_SetLocalRectF(extent);
+  mScroll->SetContentRect(extent);
+  mScroll->Update();
 }
 
 }  // namespace playground

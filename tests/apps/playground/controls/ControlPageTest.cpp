@@ -4,6 +4,7 @@
 #include "controls/StatePreview.h"
 #include "playground/StagedProgram.h"
 #include "program/Localized.h"
+#include "shell/Painting.h"
 
 #include <moxui/controls/UI_OwnerDrawButton.h>
 #include <moxui/controls/UI_Slider.h>
@@ -126,26 +127,15 @@ TEST(ControlPage, PreviewsLeaveTheWindowsTreeTheCurrentOne) {
   EXPECT_EQ(moxui::ui::UI_NodeManager::Get(true)->GetCurrentTree(), &program.stage.GetTree());
 }
 
-KeyTable* FindKeyTable(ControlPage& page) {
-  for (auto child = page.ChildBegin(); child != page.ChildEnd(); ++child) {
-    if (auto* const table = dynamic_cast<KeyTable*>(child->Get())) {
-      return table;
-    }
-  }
-  return nullptr;
-}
-
 TEST(ControlPage, TellsTheKeysBelowTheRows) {
   for (PageDescriptor const& page : AllPages()) {
-    // Tall enough for the keys of the page with the most samples.
-    StagedProgram program(page.name, {}, {1200.0f, 1200.0f});
+    StagedProgram program(page.name);
     auto const keys = KeysOfPage(page.name);
     if (keys.empty()) {
       continue;
     }
-    KeyTable* const table = FindKeyTable(program.Controls());
+    KeyTable* const table = program.Controls().Keys();
     ASSERT_NE(table, nullptr) << page.name;
-    EXPECT_TRUE(table->UI_IsShown()) << page.name;
     // A heading, then two texts a line.
     EXPECT_EQ(table->ChildSize(), 1 + 2 * keys.size()) << page.name;
     std::size_t const last = program.Controls().SampleCount() - 1;
@@ -165,14 +155,52 @@ TEST(ControlPage, HasAKeyTableWhereverAControlTakesTheFocus) {
   }
 }
 
-TEST(ControlPage, HidesKeysThatHaveNoRoom) {
-  StagedProgram program("buttons");
-  KeyTable const* const table = FindKeyTable(program.Controls());
-  ASSERT_NE(table, nullptr);
-  auto const rect = program.Controls().UI_GetLocalRectF(true);
-  program.Controls().UI_SetLocalRectF(
-      {rect.left, rect.top, rect.width, table->UI_GetLocalRectF(true).top + 10.0f});
-  EXPECT_FALSE(table->UI_IsShown());
+// Whether all of it can be seen: in its page and all those around it.
+bool IsSeen(moxui::ui::UI_Node const& node) {
+  for (auto const* around = node.UI_GetParentNode(); around != nullptr; around = around->UI_GetParentNode()) {
+    auto const rect = node.UI_ConvertRectTo(around, node.UI_GetLocalRectF(false));
+    if (around->UI_GetLocalRectF(false).Intersection(rect) != rect) {
+      return false;
+    }
+  }
+  return true;
+}
+
+TEST(ControlPage, ScrollsToWhatHasNoRoom) {
+  for (bool const isRightToLeft : {false, true}) {
+    Appearance appearance;
+    appearance.rightToLeft = isRightToLeft;
+    StagedProgram program("buttons", appearance, {800.0f, 600.0f});
+    ControlPage& page = program.Controls();
+    ASSERT_NE(page.Keys(), nullptr);
+    EXPECT_TRUE(IsSeen(page.LiveControl(0)));
+    EXPECT_FALSE(IsSeen(*page.Keys()));
+    program.stage.Wheel(program.stage.CenterOf(page), {0.0f, -2000.0f});
+    EXPECT_FALSE(IsSeen(page.LiveControl(0)));
+    EXPECT_TRUE(IsSeen(*page.Keys()));
+    // What the focus goes to comes into sight.
+    page.LiveControl(0).UI_GainKeyboardFocus(moxui::ui::FocusChangeReason::kTraversal);
+    program.stage.Key(KeyboardCode::kTab);
+    EXPECT_TRUE(page.LiveControl(1).UI_HasKeyboardFocus());
+    EXPECT_TRUE(IsSeen(page.LiveControl(1)));
+    EXPECT_FALSE(IsSeen(*page.Keys()));
+  }
+}
+
+TEST(ControlPage, StandsWhereItWasScrolledToInAnotherLook) {
+  StagedProgram program("buttons", {}, {960.0f, 600.0f});
+  program.Controls().SetScrollOffset(60.0f);
+  Appearance appearance;
+  appearance.theme = ThemeChoice::kLight;
+  program.shell.SetAppearance(appearance);
+  EXPECT_EQ(program.Controls().GetScrollOffset(), 60.0f);
+}
+
+TEST(ControlPage, TakesItsWholeWidthWhereNothingScrolls) {
+  StagedProgram tall("buttons", {}, {1200.0f, 1200.0f});
+  EXPECT_TRUE(IsSeen(*tall.Controls().Keys()));
+  float const width = tall.Controls().UI_GetLocalRectF(false).width;
+  EXPECT_EQ(tall.Controls().Keys()->UI_GetLocalRectF(false).width, width - 2.0f * kPanelPadding);
 }
 
 TEST(ControlPage, LogHearsAClick) {

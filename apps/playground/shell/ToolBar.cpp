@@ -29,6 +29,8 @@ using moxui::ui::ThemeColorID;
 constexpr float kPopupMargin = 44.0f;  // of a popup around its text: insets and the arrow
 constexpr float kBoxMargin = 28.0f;    // of a checkbox beside its text
 constexpr float kButtonMargin = 32.0f;
+constexpr float kLabelGap = 8.0f;
+constexpr float kControlGap = 16.0f;
 
 float UpToGrid(float value) {
   return std::ceil(value / 4.0f) * 4.0f;
@@ -105,6 +107,7 @@ IntrusivePtr<UI_Popup> ToolBar::AddPopup(std::string const& label, std::vector<s
   }
   popup->SetValue(value);
   popup->SetItemCheckStyle(moxui::controls::ItemCheckStyle::kCurrent);
+  popup->SetTextTruncation(moxui::controls::TextTruncation::kEnd);
   popup->SetWantsKeyboardFocus(true);
   ChildPushBack(popup);
   mPopups.push_back({To16(label), popup, {}});
@@ -127,26 +130,47 @@ void ToolBar::Changed() {
   }
 }
 
+float ToolBar::PopupWidth(UI_Popup const& popup) {
+  float widest = 0.0f;
+  for (auto const& item : popup.GetItems()) {
+    widest = std::max(widest, LabelWidth(item.text, FontIndex::kText));
+  }
+  return UpToGrid(widest + kPopupMargin);
+}
+
+// In a narrow window popups stand without their labels, which show as tool tips then; in one that is narrower
+// still the popups take less than their texts need.
 void ToolBar::UI_SizeChanged(RectT<float> const& rect) {
   UI_SubView::UI_SizeChanged(rect);
   float const height = ControlHeight();
   float const top = std::floor((rect.height - height) / 2.0f);
+  float const box = UpToGrid(LabelWidth(mDirection->GetTextLabel(), FontIndex::kText) + kBoxMargin);
+  float const open = UpToGrid(LabelWidth(mOpen->GetTextLabel(), FontIndex::kText) + kButtonMargin);
+  float labels = 0.0f;
+  float popups = 0.0f;
+  for (Labelled& labelled : mPopups) {
+    labels += UpToGrid(LabelWidth(labelled.label, FontIndex::kSmall)) + kLabelGap;
+    popups += PopupWidth(*labelled.popup);
+  }
+  float const room =
+      rect.width - 2.0f * kPanelPadding - box - open - static_cast<float>(mPopups.size() + 1) * kControlGap;
+  mShowsLabels = labels + popups <= room;
+  float const share = std::clamp((mShowsLabels ? room - labels : room) / popups, 0.0f, 1.0f);
   float left = kPanelPadding;
   for (Labelled& labelled : mPopups) {
-    float const label = UpToGrid(LabelWidth(labelled.label, FontIndex::kSmall));
-    labelled.labelRect = Placed({left, top, label, height}, rect.width);
-    left += label + 8.0f;
-    float widest = 0.0f;
-    for (auto const& item : labelled.popup->GetItems()) {
-      widest = std::max(widest, LabelWidth(item.text, FontIndex::kText));
+    if (mShowsLabels) {
+      float const label = UpToGrid(LabelWidth(labelled.label, FontIndex::kSmall));
+      labelled.labelRect = Placed({left, top, label, height}, rect.width);
+      left += label + kLabelGap;
     }
-    float const width = UpToGrid(widest + kPopupMargin);
+    labelled.popup->UI_SetToolTip(
+        mShowsLabels ? moxcore::Utf8String() : moxcore::Utf8String(To8(labelled.label)),
+        moxui::skins::GetToolTipDelay());
+    float const width = std::floor(PopupWidth(*labelled.popup) * share);
     labelled.popup->UI_SetLocalRectF(Placed({left, top, width, height}, rect.width));
-    left += width + 16.0f;
+    left += width + kControlGap;
   }
-  float const box = UpToGrid(LabelWidth(mDirection->GetTextLabel(), FontIndex::kText) + kBoxMargin);
   mDirection->UI_SetLocalRectF(Placed({left, top, box, height}, rect.width));
-  float const open = UpToGrid(LabelWidth(mOpen->GetTextLabel(), FontIndex::kText) + kButtonMargin);
   mOpen->UI_SetLocalRectF(Placed({rect.width - kPanelPadding - open, top, open, height}, rect.width));
 }
 
@@ -155,9 +179,11 @@ void ToolBar::UI_Draw(moxui::scriber::Scriber* scriber) const {
   moxui::utils::DrawRect(scriber, own, ThemeColor(ThemeColorID::kGray2));
   moxui::utils::DrawRect(scriber, {0.0f, own.height - 1.0f, own.width, 1.0f},
                          ThemeColor(ThemeColorID::kGray3));
-  for (Labelled const& labelled : mPopups) {
-    DrawLabel(scriber, labelled.label, labelled.labelRect, Leading(), FontIndex::kSmall,
-              ThemeColor(ThemeColorID::kGray7));
+  if (mShowsLabels) {
+    for (Labelled const& labelled : mPopups) {
+      DrawLabel(scriber, labelled.label, labelled.labelRect, Leading(), FontIndex::kSmall,
+                ThemeColor(ThemeColorID::kGray7));
+    }
   }
   UI_SubView::UI_Draw(scriber);
 }

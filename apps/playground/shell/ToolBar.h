@@ -36,6 +36,7 @@ class ToolBar : public moxui::ui::UI_SubView {
   moxcore::utility::IntrusivePtr<moxui::controls::UI_Popup> AddPopup(std::string const& label,
                                                                      std::vector<std::string> const& items,
                                                                      std::int64_t value);
+  static float PopupWidth(moxui::controls::UI_Popup const& popup);
   void Changed();
 
   // A label and the popup behind it.
@@ -50,6 +51,7 @@ class ToolBar : public moxui::ui::UI_SubView {
   ChangeFunction mChange;
   std::function<void()> mOpenFiles;
   std::vector<Labelled> mPopups;
+  bool mShowsLabels = true;
   moxcore::utility::IntrusivePtr<moxui::controls::UI_Popup> mTheme;
   moxcore::utility::IntrusivePtr<moxui::controls::UI_Popup> mLook;
   moxcore::utility::IntrusivePtr<moxui::controls::UI_Popup> mScale;

@@ -2,6 +2,7 @@
 #include "audio/WaveformView.h"
 #include "playground/StagedProgram.h"
 
+#include <moxui/scriber/ImageInterface.h>
 #include <moxui/scriber/RasterSupplier.h>
 #include <moxui/scriber/Scriber.h>
 #include <moxui/scriber/SurfaceInterface.h>
@@ -10,7 +11,15 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <numeric>
 #include <ostream>
+#include <string>
+#include <utility>
+#include <vector>
 
 namespace playground {
 namespace {
@@ -18,51 +27,100 @@ namespace {
 using moxui::testing::FailingSupplier;
 using moxui::testing::Refusal;
 
+// What a picture comes to without a part of the drawing.
+enum class Effect {
+  kNone,         // the same picture
+  kOtherwise,    // drawn in another way, with as much to be seen
+  kWithoutWave,  // the rest of it
+};
+
 // A part of the drawing that can't be had, at a scale of the screen.
 struct Shortage {
   char const* name;
   Refusal refusal;
   float scale;
+  Effect ofWave;
+  Effect ofOverview;
 };
 
 void PrintTo(Shortage const& shortage, std::ostream* stream) {
   *stream << shortage.name << " at " << shortage.scale;
 }
 
+using Picture = std::vector<std::uint32_t>;
+
+std::size_t CountColors(Picture picture) {
+  std::ranges::sort(picture);
+  return static_cast<std::size_t>(std::ranges::unique(picture).begin() - picture.begin());
+}
+
+std::size_t CountEqual(Picture const& a, Picture const& b) {
+  return static_cast<std::size_t>(std::transform_reduce(a.begin(), a.end(), b.begin(), std::ptrdiff_t{0},
+                                                        std::plus<>(),
+                                                        [](auto x, auto y) { return x == y; }));
+}
+
+void ExpectEffect(Picture const& whole, Picture const& poor, Effect effect) {
+  if (effect == Effect::kNone || CountColors(whole) == 1) {
+    EXPECT_EQ(CountEqual(whole, poor), whole.size());
+    return;
+  }
+  EXPECT_LT(CountEqual(whole, poor), whole.size());
+  if (effect == Effect::kOtherwise) {
+    EXPECT_GE(CountColors(poor), CountColors(whole) / 2);
+  } else {
+    EXPECT_GE(CountColors(poor), 2u);
+    EXPECT_GE(CountEqual(whole, poor), whole.size() / 3);
+  }
+}
+
 class WaveformInNeed : public testing::TestWithParam<Shortage> {
  protected:
-  // Draws a node without what is refused.
-  void Draw(moxui::ui::UI_Node const& node, FailingSupplier& supplier) {
+  // Draws a node, on wish without what is refused.
+  Picture Draw(moxui::ui::UI_Node const& node, bool isInNeed) {
     auto const extent = node.UI_GetLocalRectF(false);
-    auto const surface =
-        supplier.NewOffscreenSurface(static_cast<int>(extent.width * GetParam().scale),
-                                     static_cast<int>(extent.height * GetParam().scale), GetParam().scale);
+    auto const surface = supplier.NewOffscreenSurface(static_cast<int>(extent.width),
+                                                      static_cast<int>(extent.height), GetParam().scale);
     moxui::scriber::Scriber scriber(&supplier, surface.Get());
-    supplier.Refuse(GetParam().refusal);
-    moxui::ui::PaintNode(node, scriber);
+    if (isInNeed) {
+      supplier.Refuse(GetParam().refusal);
+    }
+    EXPECT_NO_THROW(moxui::ui::PaintNode(node, scriber));
     supplier.Allow(GetParam().refusal);
+    auto const image = surface->GetImage();
+    int const width = image->GetPixelWidth();
+    Picture pixels(static_cast<std::size_t>(width) * static_cast<std::size_t>(image->GetPixelHeight()));
+    image->CopyPixels(reinterpret_cast<std::uint8_t*>(pixels.data()), width * 4);
+    return pixels;
   }
 
+  FailingSupplier supplier{*moxui::scriber::GetRasterSupplier()};
   StagedProgram program;
 };
 
-TEST_P(WaveformInNeed, DrawsWhatItCanAndRaisesNothing) {
-  FailingSupplier supplier(*moxui::scriber::GetRasterSupplier());
+TEST_P(WaveformInNeed, DrawsWhatItCanAndAllOfItOnceThereIsEnough) {
   for (std::size_t const state : {0u, 1u, 2u, 3u, 4u, 5u}) {
+    SCOPED_TRACE(state);
     program.Audio().ShowState(state);
-    EXPECT_NO_THROW(Draw(program.Audio().Waveform(), supplier)) << state;
-    EXPECT_NO_THROW(Draw(program.Audio().Overview(), supplier)) << state;
+    program.Audio().Settle();
+    for (auto const& [node, effect] :
+         {std::pair<moxui::ui::UI_Node const*, Effect>(&program.Audio().Waveform(), GetParam().ofWave),
+          {&program.Audio().Overview(), GetParam().ofOverview}}) {
+      auto const whole = Draw(*node, false);
+      ExpectEffect(whole, Draw(*node, true), effect);
+      EXPECT_TRUE(Draw(*node, false) == whole);
+    }
   }
-  program.Picture();
 }
 
-INSTANTIATE_TEST_SUITE_P(Refusals, WaveformInNeed,
-                         testing::Values(Shortage{"Surface", Refusal::kOffscreenSurface, 1.5f},
-                                         Shortage{"SurfaceAtOne", Refusal::kOffscreenSurface, 1.0f},
-                                         Shortage{"Layer", Refusal::kLayer, 1.5f},
-                                         Shortage{"Snapshot", Refusal::kSnapshot, 1.5f},
-                                         Shortage{"Image", Refusal::kImage, 1.5f}),
-                         [](auto const& shortage) { return std::string(shortage.param.name); });
+INSTANTIATE_TEST_SUITE_P(
+    Refusals, WaveformInNeed,
+    testing::Values(Shortage{"Surface", Refusal::kOffscreenSurface, 1.5f, Effect::kNone, Effect::kOtherwise},
+                    Shortage{"SurfaceAtOne", Refusal::kOffscreenSurface, 1.0f, Effect::kNone, Effect::kNone},
+                    Shortage{"Layer", Refusal::kLayer, 1.5f, Effect::kNone, Effect::kNone},
+                    Shortage{"Snapshot", Refusal::kSnapshot, 1.5f, Effect::kNone, Effect::kOtherwise},
+                    Shortage{"Image", Refusal::kImage, 1.5f, Effect::kWithoutWave, Effect::kWithoutWave}),
+    [](auto const& shortage) { return std::string(shortage.param.name); });
 
 }  // namespace
 }  // namespace playground

@@ -69,10 +69,16 @@ function(mox_test_flags name optimized)
     target_compile_options(${name} PRIVATE -Wno-array-bounds -Wno-restrict -Wno-stringop-overread
       -Wno-stringop-overflow)
   endif()
-  if(MOX_TEST_OPTIMIZATION AND NOT optimized)
-    separate_arguments(optimization UNIX_COMMAND "${MOX_TEST_OPTIMIZATION}")
-    target_compile_options(${name} PRIVATE ${optimization})
+  if(NOT MOX_TEST_OPTIMIZATION)
+    return()
   endif()
+  if(optimized)
+    # More would take as much longer to compile as it saves when they run.
+    set(optimization -O1)
+  else()
+    separate_arguments(optimization UNIX_COMMAND "${MOX_TEST_OPTIMIZATION}")
+  endif()
+  target_compile_options(${name} PRIVATE ${optimization})
 endfunction()
 
 # mox_test_header(NAME OPTIMIZED): a precompiled header for tests that are, or are not, optimized.

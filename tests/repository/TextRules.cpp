@@ -38,26 +38,12 @@ Complaints LinesWith(const SourceTree& tree, const std::string& before, const st
 
 }  // namespace
 
-// The words are written in two halves, so that a rule doesn't find its own text.
+// The words are put together of two halves, so that a rule doesn't find its own text.
 Complaints UnfinishedMarks(const SourceTree& tree) {
-  Complaints complaints = LinesWith(tree, R"(\b)",
-                                    {"TO"
-                                     "DO",
-                                     "FIXM"
-                                     "E",
-                                     "XX"
-                                     "X",
-                                     "HAC"
-                                     "K",
-                                     "TB"
-                                     "D"},
-                                    R"(\b)");
-  const Complaints switchedOff = LinesWith(tree, R"(\b)",
-                                           {"DISAB"
-                                            "LED_",
-                                            "GTEST_SK"
-                                            "IP"},
-                                           "");
+  using namespace std::string_literals;
+  Complaints complaints = LinesWith(
+      tree, R"(\b)", {"TO"s + "DO", "FIX"s + "ME", "XX"s + "X", "HA"s + "CK", "T"s + "BD"}, R"(\b)");
+  const Complaints switchedOff = LinesWith(tree, R"(\b)", {"DISA"s + "BLED_", "GTEST_"s + "SKIP"}, "");
   complaints.insert(complaints.end(), switchedOff.begin(), switchedOff.end());
   return complaints;
 }
@@ -87,15 +73,8 @@ Complaints NamelessFiles(const SourceTree& tree) {
 }
 
 Complaints MachinePaths(const SourceTree& tree) {
-  return LinesWith(tree, R"((^|[\s"'=(]))",
-                   {"/wor"
-                    "k/",
-                    "/hom"
-                    "e/",
-                    "/roo"
-                    "t/",
-                    "/User"
-                    "s/"},
+  using namespace std::string_literals;
+  return LinesWith(tree, R"((^|[\s"'=(]))", {"/wo"s + "rk/", "/ho"s + "me/", "/ro"s + "ot/", "/Us"s + "ers/"},
                    R"(\w)");
 }
 

@@ -51,7 +51,7 @@ using Picture = std::vector<std::uint32_t>;
 
 std::size_t CountColors(Picture picture) {
   std::ranges::sort(picture);
-  return static_cast<std::size_t>(std::ranges::unique(picture).begin() - picture.begin());
+  return static_cast<std::size_t>(std::unique(picture.begin(), picture.end()) - picture.begin());
 }
 
 std::size_t CountEqual(Picture const& a, Picture const& b) {

@@ -154,8 +154,9 @@ TEST(MessageBox, TellsTheAnswerToWhoeverListensBeforeItReturns) {
   EXPECT_EQ(heard, std::vector{answer});
   ModalAnswers answers;
   answers.Expect(static_cast<int>(DialogButton::kNo));
-  messagebox::Messagebox(nullptr, u"Presets", u"Delete?", kYesNo, DialogButton::kYes, MessageIcon::kQuestion,
-                         {}, [&](unsigned button) { heard.push_back(button); }, 0, 0);
+  messagebox::Messagebox(
+      nullptr, u"Presets", u"Delete?", kYesNo, DialogButton::kYes, MessageIcon::kQuestion, {},
+      [&](unsigned button) { heard.push_back(button); }, 0, 0);
   EXPECT_EQ(heard.back(), DialogButton::kNo);
 }
 

@@ -3,6 +3,7 @@
 #include <moxui/controls/UI_TextButton.h>
 #include <moxui/scriber/RasterSupplier.h>
 #include <moxui/scriber/Scriber.h>
+#include <moxui/scriber/SupplierInterface.h>
 #include <moxui/scriber/SurfaceInterface.h>
 #include <moxui/testing/Stage.h>
 #include <moxui/ui/AutoLayout.h>

@@ -99,7 +99,10 @@ bool Player::WaitUntilRead() {
   if (!mSource) {
     return false;
   }
-  MakeEngine();
+  // A reader that has failed by now has its answer; only playing tries it again.
+  if (!mEngine) {
+    MakeEngine();
+  }
   return mEngine->reader->WaitUntilRead();
 }
 

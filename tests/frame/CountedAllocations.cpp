@@ -27,6 +27,14 @@ void* Allocate(std::size_t size) {
   return block;
 }
 
+void* TryToAllocate(std::size_t size) noexcept {
+  try {
+    return Allocate(size);
+  } catch (std::bad_alloc const&) {
+    return nullptr;
+  }
+}
+
 void Free(void* block) {
   if (block != nullptr) {
     --gLive;
@@ -60,6 +68,12 @@ void* operator new(std::size_t size) {
 }
 void* operator new[](std::size_t size) {
   return frame_tests::Allocate(size);
+}
+void* operator new(std::size_t size, std::nothrow_t const&) noexcept {
+  return frame_tests::TryToAllocate(size);
+}
+void* operator new[](std::size_t size, std::nothrow_t const&) noexcept {
+  return frame_tests::TryToAllocate(size);
 }
 void operator delete(void* block) noexcept {
   frame_tests::Free(block);

@@ -1,3 +1,4 @@
+#include "OpenSound.h"
 #include "SystemReason.h"
 
 #include <moxaudiotoolkit/AudioFile.h>
@@ -5,7 +6,6 @@
 #include <moxaudiotoolkit/AudioFileWriter.h>
 
 #include <fcntl.h>
-#include <sndfile.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -138,16 +138,17 @@ void WriteAudioFile(const std::string& path, AudioFileFormat format, int sampleR
         {std::to_string(channels.size()), std::to_string(sampleRate)});
   }
   PendingFile target(path);
-  SNDFILE* file = sf_open_fd(target.GetDescriptor(), SFM_WRITE, &info, SF_FALSE);
-  if (file == nullptr) {
-    target.Throw(sf_strerror(nullptr));
+  OpeningFault fault;
+  OpenSound file = OpenSoundFile(target.GetDescriptor(), SFM_WRITE, info, fault);
+  if (!file) {
+    target.Throw(fault.text);
   }
   // Full scale is then 2^15 and 2^23, as in reading, so that a file that is read and written stays the same.
-  sf_command(file, SFC_SET_CLIPPING, nullptr, SF_TRUE);
-  sf_command(file, SFC_SET_ADD_PEAK_CHUNK, nullptr, SF_FALSE);
-  const bool written = WriteSamples(file, channels, format != AudioFileFormat::kWavFloat);
-  const std::string reason = sf_strerror(file);
-  if (sf_close(file) != 0 || !written) {
+  sf_command(file.get(), SFC_SET_CLIPPING, nullptr, SF_TRUE);
+  sf_command(file.get(), SFC_SET_ADD_PEAK_CHUNK, nullptr, SF_FALSE);
+  const bool written = WriteSamples(file.get(), channels, format != AudioFileFormat::kWavFloat);
+  const std::string reason = sf_strerror(file.get());
+  if (sf_close(file.release()) != 0 || !written) {
     target.Throw(reason);
   }
   target.Commit();

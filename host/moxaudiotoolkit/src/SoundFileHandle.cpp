@@ -8,7 +8,6 @@
 #include <moxmediatypes/WaveChannelMask.h>
 
 #include <fcntl.h>
-#include <sndfile.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -39,6 +38,19 @@ AudioFileFault FaultOfOpening(int error) {
       return AudioFileFault::kNotReadable;
   }
 }
+
+class Descriptor {
+ public:
+  explicit Descriptor(int number) : mNumber(number) {}
+  ~Descriptor() { close(mNumber); }
+  Descriptor(const Descriptor&) = delete;
+  Descriptor& operator=(const Descriptor&) = delete;
+
+  int Get() const { return mNumber; }
+
+ private:
+  int mNumber;
+};
 
 int OpenDescriptor(const std::string& path) {
   if (path.empty() || path.find('\0') != std::string::npos) {
@@ -83,9 +95,8 @@ void CheckNotCutShort(const ReadBytesAt& readBytesAt, std::int64_t byteCount, co
   }
 }
 
-[[noreturn]] void ThrowOpeningError(const std::string& name) {
-  const int code = sf_error(nullptr);
-  const std::string text = sf_strerror(nullptr);
+[[noreturn]] void ThrowOpeningError(const OpeningFault& fault, const std::string& name) {
+  const std::string& text = fault.text;
   if (text.find("hannel") != std::string::npos) {
     throw AudioFileError(AudioFileFault::kBadChannelCount, name,
                          "$$$/moxaudiotoolkit/Error/ChannelCount=The number of channels is wrong: @0",
@@ -96,7 +107,7 @@ void CheckNotCutShort(const ReadBytesAt& readBytesAt, std::int64_t byteCount, co
         AudioFileFault::kBadSampleRate, name,
         "$$$/moxaudiotoolkit/Error/ImpossibleHeader=The header gives an impossible sample rate or length.");
   }
-  switch (code) {
+  switch (fault.code) {
     case SF_ERR_UNRECOGNISED_FORMAT:
     case SF_ERR_UNSUPPORTED_ENCODING:
       throw AudioFileError(
@@ -222,21 +233,22 @@ struct SoundFileHandle::MemoryStream {
   }
 };
 
-SoundFileHandle::SoundFileHandle(const std::string& path) : mDescriptor(OpenDescriptor(path)) {
-  try {
-    mHeader.byteCount = SizeOfRegularFile(mDescriptor, path);
-    CheckNotCutShort(
-        [this](std::int64_t offset, std::span<std::uint8_t> destination) {
-          return pread(mDescriptor, destination.data(), destination.size(), offset) ==
-                 static_cast<ssize_t>(destination.size());
-        },
-        mHeader.byteCount, path);
-    SF_INFO info{};
-    TakeOver(sf_open_fd(mDescriptor, SFM_READ, &info, SF_FALSE), &info, path);
-  } catch (...) {
-    close(mDescriptor);
-    throw;
+SoundFileHandle::SoundFileHandle(const std::string& path) {
+  const Descriptor descriptor(OpenDescriptor(path));
+  mHeader.byteCount = SizeOfRegularFile(descriptor.Get(), path);
+  CheckNotCutShort(
+      [&descriptor](std::int64_t offset, std::span<std::uint8_t> destination) {
+        return pread(descriptor.Get(), destination.data(), destination.size(), offset) ==
+               static_cast<ssize_t>(destination.size());
+      },
+      mHeader.byteCount, path);
+  SF_INFO info{};
+  OpeningFault fault;
+  mFile = OpenSoundFile(descriptor.Get(), SFM_READ, info, fault);
+  if (!mFile) {
+    ThrowOpeningError(fault, path);
   }
+  ReadHeader(info);
 }
 
 SoundFileHandle::SoundFileHandle(const Bytes& bytes, const std::string& name)
@@ -255,7 +267,7 @@ SoundFileHandle::SoundFileHandle(const Bytes& bytes, const std::string& name)
         return true;
       },
       mHeader.byteCount, name);
-  SF_VIRTUAL_IO io{
+  const SF_VIRTUAL_IO io{
       .get_filelen = [](void* stream) { return static_cast<MemoryStream*>(stream)->Size(); },
       .seek = [](sf_count_t offset, int whence,
                  void* stream) { return static_cast<MemoryStream*>(stream)->Seek(offset, whence); },
@@ -265,39 +277,34 @@ SoundFileHandle::SoundFileHandle(const Bytes& bytes, const std::string& name)
       .tell = [](void* stream) { return static_cast<MemoryStream*>(stream)->position; },
   };
   SF_INFO info{};
-  TakeOver(sf_open_virtual(&io, SFM_READ, &info, mStream.get()), &info, name);
+  OpeningFault fault;
+  mFile = OpenSoundStream(io, mStream.get(), info, fault);
+  if (!mFile) {
+    ThrowOpeningError(fault, name);
+  }
+  ReadHeader(info);
 }
 
-SoundFileHandle::~SoundFileHandle() {
-  sf_close(mFile);
-  if (mDescriptor >= 0) {
-    close(mDescriptor);
-  }
-}
+SoundFileHandle::~SoundFileHandle() = default;
 
-void SoundFileHandle::TakeOver(sf_private_tag* file, const void* info, const std::string& name) {
-  if (file == nullptr) {
-    ThrowOpeningError(name);
-  }
-  mFile = file;
-  const auto& read = *static_cast<const SF_INFO*>(info);
-  mHeader.frames = read.frames;
-  mHeader.sampleRate = read.samplerate;
-  mHeader.channelCount = read.channels;
+void SoundFileHandle::ReadHeader(const SF_INFO& info) {
+  mHeader.frames = info.frames;
+  mHeader.sampleRate = info.samplerate;
+  mHeader.channelCount = info.channels;
   // In Vorbis libsndfile goes to the right page, but may count from there a block too early or too late.
-  mHeader.seekable = read.seekable != 0 && (read.format & SF_FORMAT_SUBMASK) != SF_FORMAT_VORBIS;
-  mHeader.preroll = (read.format & SF_FORMAT_TYPEMASK) == SF_FORMAT_MPEG ? kMpegPreroll : 0;
-  mHeader.format = FormatText(read.format);
-  mHeader.integerBits = IntegerBits(read.format);
-  mHeader.channelLayout = LayoutOf(file, read.channels);
+  mHeader.seekable = info.seekable != 0 && (info.format & SF_FORMAT_SUBMASK) != SF_FORMAT_VORBIS;
+  mHeader.preroll = (info.format & SF_FORMAT_TYPEMASK) == SF_FORMAT_MPEG ? kMpegPreroll : 0;
+  mHeader.format = FormatText(info.format);
+  mHeader.integerBits = IntegerBits(info.format);
+  mHeader.channelLayout = LayoutOf(mFile.get(), info.channels);
 }
 
 bool SoundFileHandle::Seek(std::int64_t frame) {
-  return sf_seek(mFile, frame, SEEK_SET) == frame;
+  return sf_seek(mFile.get(), frame, SEEK_SET) == frame;
 }
 
 std::int64_t SoundFileHandle::Read(float* destination, std::int64_t frameCount) {
-  return std::max<std::int64_t>(sf_readf_float(mFile, destination, frameCount), 0);
+  return std::max<std::int64_t>(sf_readf_float(mFile.get(), destination, frameCount), 0);
 }
 
 }  // namespace moxaudiotoolkit

@@ -1,13 +1,13 @@
 #pragma once
 
+#include "OpenSound.h"
+
 #include <moxmediatypes/AudioChannels.h>
 
 #include <cstdint>
 #include <memory>
 #include <string>
 #include <vector>
-
-struct sf_private_tag;
 
 namespace moxaudiotoolkit {
 
@@ -46,11 +46,10 @@ class SoundFileHandle {
  private:
   struct MemoryStream;
 
-  void TakeOver(sf_private_tag* file, const void* info, const std::string& name);
+  void ReadHeader(const SF_INFO& info);
 
-  int mDescriptor = -1;
   std::unique_ptr<MemoryStream> mStream;
-  sf_private_tag* mFile = nullptr;
+  OpenSound mFile;  // reads the stream
   SoundFileHeader mHeader;
 };
 

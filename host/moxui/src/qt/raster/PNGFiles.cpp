@@ -9,6 +9,10 @@ namespace moxui::scriber {
 
 namespace {
 
+// zlib's level 1, in Qt's terms: pictures of user interfaces grow by an eighth and are written in half the
+// time.
+constexpr int kQuality = 89;
+
 QString FileName(std::filesystem::path const& path) {
   return QString::fromStdU16String(path.u16string());
 }
@@ -17,7 +21,7 @@ QString FileName(std::filesystem::path const& path) {
 
 bool WritePNG(ImageInterface const& image, std::filesystem::path const& path) {
   QImage const picture = qt::PictureOf(image);
-  return !picture.isNull() && picture.save(FileName(path), "PNG");
+  return !picture.isNull() && picture.save(FileName(path), "PNG", kQuality);
 }
 
 ImageP ReadPNG(std::filesystem::path const& path) {

@@ -116,9 +116,13 @@ function(mox_test name directory)
     endif()
   endif()
   set(environment QT_QPA_PLATFORM=offscreen ${ARG_ENVIRONMENT})
-  if(MOX_TESTS_BY_CASE)
-    gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST
-      PROPERTIES ENVIRONMENT "${environment}" TIMEOUT 300 LABELS ${name})
+  if(MOX_TESTS_BY_SUITE)
+    file(GENERATE OUTPUT ${CMAKE_CURRENT_BINARY_DIR}/${name}_suites.cmake CONTENT
+"include([==[${PROJECT_SOURCE_DIR}/cmake/MoxSuites.cmake]==])
+mox_add_suites(${name} [==[$<TARGET_FILE:${name}>]==] [==[${CMAKE_CURRENT_BINARY_DIR}/${name}_suites.txt]==]
+  [==[${environment}]==])
+")
+    set_property(DIRECTORY APPEND PROPERTY TEST_INCLUDE_FILES ${CMAKE_CURRENT_BINARY_DIR}/${name}_suites.cmake)
   else()
     # The longest first, so that none of them is left for the end.
     list(LENGTH sources cost)

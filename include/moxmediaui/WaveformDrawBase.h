@@ -34,7 +34,8 @@ class WaveformDrawBase : public AudioDataDrawBase {
                     float scale) const;
   /// What Draw shows of `waveform` after the fade: a copy, or `waveform` itself where nothing fades. For who
   /// draws one waveform piece by piece: it is faded once, and the pieces are drawn of what came out, without
-  /// a fade. A null waveform raises the null-pointer exception.
+  /// a fade. A null waveform raises the null-pointer exception, a faded buffer that is neither empty nor of
+  /// the waveform's size std::invalid_argument.
   std::shared_ptr<WaveformData> WithFade(std::shared_ptr<WaveformData> waveform) const;
   /// The amplitude (0 and up, full scale 1.0) shown in a pixel column, for read-outs.
   virtual float GetAmplitudeFromPixelOffset(std::uint64_t channel, std::int64_t pixel,
@@ -76,6 +77,7 @@ class WaveformDrawBase : public AudioDataDrawBase {
  private:
   /// The gain of the selected range, and samples with the gain in them.
   virtual std::tuple<float, std::vector<float>> HandleGain(std::shared_ptr<WaveformData> waveform) const = 0;
+  /// Fades a copy of the waveform's buffer. One that is left empty isn't drawn: the waveform's own is then.
   virtual void HandleFades(WaveformDataProperties const& properties, float exponentialFloor,
                            std::vector<float>& buffer) const = 0;
   /// Draws columns `firstColumn` to `firstColumn + columnCount` of all channels.
@@ -93,6 +95,8 @@ class WaveformDrawBase : public AudioDataDrawBase {
                     int& pixelWidth) const;
   bool DrawWaveform(Scriber* scriber, std::shared_ptr<WaveformData> waveform, RectT<int> const& rect,
                     float scale) const;
+  /// Empty where nothing fades.
+  std::vector<float> MakeFadedBuffer(WaveformData const& waveform) const;
 
   std::int64_t mSelectionLeft = 0;
   std::int64_t mSelectionWidth = 0;

@@ -63,15 +63,21 @@ std::shared_ptr<WaveformData> WaveformDrawBase::WithFade(std::shared_ptr<Wavefor
   if (!waveform) {
     moxcore::config::DoThrowNullPtrException(moxcore::debug::GetTypeName(typeid(WaveformData)));
   }
-  if (waveform->GetType() == WaveformDataType::kNone || mFadeType == FadeType::kNone ||
+  std::vector<float> faded = MakeFadedBuffer(*waveform);
+  return faded.empty() ? waveform
+                       : std::make_shared<WaveformData>(waveform->GetProperties(), std::move(faded));
+}
+
+std::vector<float> WaveformDrawBase::MakeFadedBuffer(WaveformData const& waveform) const {
+  if (waveform.GetType() == WaveformDataType::kNone || mFadeType == FadeType::kNone ||
       mFadeStart >= mFadeEnd || !IsAnyChannelEnabled()) {
-    return waveform;
+    return {};
   }
   // The buffer may be shared with whoever filled it.
-  std::vector<float> faded = waveform->GetWaveformBuffer();
+  std::vector<float> faded = waveform.GetWaveformBuffer();
   bool const isCurved = mFadeExponential && mFadeAmount != 0.0f;
-  HandleFades(waveform->GetProperties(), isCurved ? std::pow(kEuler, -mFadeAmount) : 0.0f, faded);
-  return std::make_shared<WaveformData>(waveform->GetProperties(), std::move(faded));
+  HandleFades(waveform.GetProperties(), isCurved ? std::pow(kEuler, -mFadeAmount) : 0.0f, faded);
+  return faded;
 }
 
 bool WaveformDrawBase::DrawsCustomBackground(std::shared_ptr<WaveformData> /*waveform*/) const {
@@ -106,8 +112,8 @@ bool WaveformDrawBase::DrawWaveform(Scriber* scriber, std::shared_ptr<WaveformDa
     regions = SplitBySelection(rect, selectionLeft, selectionWidth, gain, mGainWholeRange);
   }
 
-  std::shared_ptr<WaveformData> const shown = WithFade(waveform);
-  float const* const data = shown->GetWaveformBuffer().data();
+  std::vector<float> const faded = MakeFadedBuffer(*waveform);
+  float const* const data = faded.empty() ? waveform->GetWaveformBuffer().data() : faded.data();
 
   bool const paintsBackground = !DrawsCustomBackground(waveform);
   for (std::size_t i = 0; i < regions.rects.size(); ++i) {

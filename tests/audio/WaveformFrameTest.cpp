@@ -259,6 +259,21 @@ TEST_F(WaveformFrame, ASelectionKeepsWithinARectangleThatBeginsHigher) {
   EXPECT_EQ(Fills().size(), 4u);  // grounds; the rectangle ends at 96, above the last strip's end
 }
 
+// The first channel's strip ends at 49, above the rectangle.
+TEST_F(WaveformFrame, AStripOutsideTheRectangleIsClippedToNothing) {
+  mDraw.SetEnabledChannels({true, true});
+  Select(10, 20);
+  Draw(MakeNothing(2), {0, 60, 100, 101});
+  EXPECT_THAT(Clips(), ElementsAre(RectT<float>{0, 0, 10, 101}, RectT<float>{30, 0, 70, 101},
+                                   RectT<float>{10, 60, 20, 39}, RectT<float>{0, 0, 0, 0}));
+  auto const fills = Fills();
+  ASSERT_EQ(fills.size(), 7u);
+  // From the last strip's end to the rectangle's, at 161.
+  EXPECT_EQ(fills[4], (RectT<float>{0, 99, 10, 62}));
+  EXPECT_EQ(fills[5], (RectT<float>{30, 99, 70, 62}));
+  EXPECT_EQ(fills[6], (RectT<float>{10, 99, 20, 62}));
+}
+
 TEST_F(WaveformFrame, ASelectionIsLeftRightAndThenItselfByChannelFromTheLast) {
   mDraw.SetEnabledChannels({true, false});
   Select(10, 20);
@@ -304,6 +319,19 @@ TEST_F(WaveformFrame, AWaveformOfAnotherWidthLeavesTheRegionAsItWas) {
   EXPECT_THAT(Clips(), IsEmpty());
 }
 
+TEST_F(WaveformFrame, AWaveformOfAnotherWidthHasItsDividersAndRemains) {
+  mDraw.SetEnabledChannels({true, true});
+  Select(10, 20);
+  Draw(MakePeaks(2, 99, std::vector<float>(396, 0.5f)), {0, 0, 100, 101});
+  EXPECT_THAT(mSupplier.GetCalls("DrawImage"), IsEmpty());
+  EXPECT_THAT(Clips(), IsEmpty());
+  auto const strokes = mSupplier.GetCalls("StrokePath");
+  ASSERT_EQ(strokes.size(), 1u);
+  EXPECT_EQ(strokes[0].colour, mDraw.GetDividerColor());
+  EXPECT_THAT(Fills(), ElementsAre(RectT<float>{0, 99, 10, 2}, RectT<float>{30, 99, 70, 2},
+                                   RectT<float>{10, 99, 20, 2}));
+}
+
 TEST_F(WaveformFrame, PeaksHaveNoGroundOfTheirOwn) {
   Draw(MakePeaks(1, 100, std::vector<float>(200, 0.5f)), {0, 0, 100, 101});
   EXPECT_THAT(Clips(), IsEmpty());
@@ -332,6 +360,23 @@ TEST_F(WaveformFrame, DrawingLeavesTheSettingsAndTheDataAlone) {
   Draw(data, {0, 0, 100, 101});
   EXPECT_EQ(data->GetWaveformBuffer(), std::vector<float>(200, 0.5f));
   EXPECT_EQ(mDraw.GetGain(), 3.0f);
+}
+
+TEST(WaveformDrawByDefault, ShowsLinearPeaksAndDotsUnchangedAndNothingSelected) {
+  OpenWaveformDraw const draw;
+  EXPECT_EQ(draw.GetZoom(), 1.0f);
+  EXPECT_EQ(draw.GetGain(), 1.0f);
+  EXPECT_EQ(draw.GetSelectionLeft(), 0);
+  EXPECT_EQ(draw.GetSelectionWidth(), 0);
+  EXPECT_THAT(draw.GetSelectionChannelColors(), IsEmpty());
+  EXPECT_EQ(draw.GetFadeType(), moxmediaui::FadeType::kNone);
+  EXPECT_EQ(draw.GetFadeStart(), 0);
+  EXPECT_EQ(draw.GetFadeEnd(), 0);
+  EXPECT_TRUE(draw.GetDrawSampleDots());
+  EXPECT_EQ(draw.GetPeakDataDrawStyle(), moxmediaui::PeakDataDrawStyle::kBipolar);
+  EXPECT_EQ(draw.GetWaveformScalingStyle(), moxmediaui::WaveformScalingStyle::kLinear);
+  // A straight line: exponential, without an amount.
+  EXPECT_EQ(draw.GetFadeValue(0.25f, 0.0f), 0.25f);
 }
 
 TEST_F(WaveformFrame, AWaveformDrawIsCopiedWithAllItsSettings) {

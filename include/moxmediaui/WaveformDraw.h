@@ -69,6 +69,12 @@ struct PeakTarget {
 /// with optional dots on them. Which of the two is drawn, the data's type tells: whoever fills the data
 /// chooses.
 ///
+/// Drawing raises the null-pointer exception, which names the type, where the supplier has no image, pen or
+/// path to give, or the surface no layer for the samples of a channel in a region. Moxui's raster has no
+/// layer with a side of more than 32767 device pixels, none of more than 2^28 in all, and none when memory is
+/// short; memory that is short for the pixels of peaks raises std::bad_alloc. What was drawn before stays
+/// drawn.
+///
 /// A scratch window is written while drawing: one object must not draw in two threads at once. Like the rest
 /// of the library it is for the UI thread, and who draws there asks nothing more of the host. Who paints a
 /// picture with copies of one drawing on several threads (see SetPaintedColumns and SetPaintedChannels) needs

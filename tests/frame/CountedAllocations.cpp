@@ -11,15 +11,22 @@ constexpr int kAllOfThem = -1;
 
 std::atomic<long> gLive{0};
 thread_local int tLeft = kAllOfThem;
+thread_local std::size_t tSmallest = 0;
 
-void* Allocate(std::size_t size) {
-  if (tLeft == 0) {
-    throw std::bad_alloc();
+void* Allocate(std::size_t size, std::align_val_t alignment = std::align_val_t(1)) {
+  if (size >= tSmallest) {
+    if (tLeft == 0) {
+      throw std::bad_alloc();
+    }
+    if (tLeft > 0) {
+      --tLeft;
+    }
   }
-  if (tLeft > 0) {
-    --tLeft;
-  }
-  void* const block = std::malloc(size > 0 ? size : 1);
+  auto const multiple = static_cast<std::size_t>(alignment);
+  std::size_t const steps = size > 0 ? (size - 1) / multiple + 1 : 1;
+  void* const block = multiple > __STDCPP_DEFAULT_NEW_ALIGNMENT__
+                          ? std::aligned_alloc(multiple, steps * multiple)
+                          : std::malloc(steps * multiple);
   if (block == nullptr) {
     throw std::bad_alloc();
   }
@@ -48,12 +55,14 @@ long GetLiveAllocations() {
   return gLive;
 }
 
-FailingAllocation::FailingAllocation(int blocks) : mBlocks(blocks) {
+FailingAllocation::FailingAllocation(int blocks, std::size_t smallest) : mBlocks(blocks) {
   tLeft = blocks;
+  tSmallest = smallest;
 }
 
 FailingAllocation::~FailingAllocation() {
   tLeft = kAllOfThem;
+  tSmallest = 0;
 }
 
 int FailingAllocation::GetUsed() const {
@@ -75,6 +84,12 @@ void* operator new(std::size_t size, std::nothrow_t const&) noexcept {
 void* operator new[](std::size_t size, std::nothrow_t const&) noexcept {
   return frame_tests::TryToAllocate(size);
 }
+void* operator new(std::size_t size, std::align_val_t alignment) {
+  return frame_tests::Allocate(size, alignment);
+}
+void* operator new[](std::size_t size, std::align_val_t alignment) {
+  return frame_tests::Allocate(size, alignment);
+}
 void operator delete(void* block) noexcept {
   frame_tests::Free(block);
 }
@@ -85,5 +100,17 @@ void operator delete(void* block, std::size_t) noexcept {
   frame_tests::Free(block);
 }
 void operator delete[](void* block, std::size_t) noexcept {
+  frame_tests::Free(block);
+}
+void operator delete(void* block, std::align_val_t) noexcept {
+  frame_tests::Free(block);
+}
+void operator delete[](void* block, std::align_val_t) noexcept {
+  frame_tests::Free(block);
+}
+void operator delete(void* block, std::size_t, std::align_val_t) noexcept {
+  frame_tests::Free(block);
+}
+void operator delete[](void* block, std::size_t, std::align_val_t) noexcept {
   frame_tests::Free(block);
 }

@@ -84,8 +84,12 @@ IExecutor::~IExecutor() = default;
 
 std::shared_ptr<IExecutor> const& GetCPUBoundExecutor() {
   static std::shared_ptr<IExecutor> const executor =
-      std::make_shared<ThreadPool>(static_cast<int>(std::max(1u, std::thread::hardware_concurrency())));
+      NewExecutor(static_cast<int>(std::thread::hardware_concurrency()));
   return executor;
+}
+
+std::shared_ptr<IExecutor> NewExecutor(int threadCount) {
+  return std::make_shared<ThreadPool>(std::max(threadCount, 1));
 }
 
 }  // namespace moxcore::threads

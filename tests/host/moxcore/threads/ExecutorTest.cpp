@@ -4,9 +4,12 @@
 #include <gtest/gtest.h>
 
 #include <atomic>
+#include <chrono>
 #include <memory>
+#include <semaphore>
 #include <stdexcept>
 #include <thread>
+#include <utility>
 #include <vector>
 
 namespace moxcore::threads {
@@ -101,6 +104,35 @@ TEST(CPUBoundExecutor, RunsFunctionsOnThreadsOfItsOwn) {
     std::this_thread::yield();
   }
   EXPECT_FALSE(onMainThread);
+}
+
+TEST(NewExecutor, HasSoManyThreadsButOneAtLeast) {
+  for (auto const& [wanted, threads] :
+       {std::pair{3, 3}, std::pair{1, 1}, std::pair{0, 1}, std::pair{-7, 1}}) {
+    EXPECT_EQ(NewExecutor(wanted)->GetThreadCount(), threads);
+  }
+}
+
+TEST(NewExecutor, DoesWhatItWasGivenBeforeItEnds) {
+  std::atomic<int> calls{0};
+  {
+    auto const executor = NewExecutor(2);
+    for (int i = 0; i < 100; ++i) {
+      executor->Execute([&] { ++calls; });
+    }
+  }
+  EXPECT_EQ(calls, 100);
+}
+
+TEST(NewExecutor, WaitsForNoOther) {
+  auto const held = NewExecutor(1);
+  auto const end = std::make_shared<std::binary_semaphore>(0);
+  held->Execute([end] { end->acquire(); });
+  std::binary_semaphore isDone{0};
+  auto const other = NewExecutor(1);
+  other->Execute([&] { isDone.release(); });
+  EXPECT_TRUE(isDone.try_acquire_for(std::chrono::seconds(20)));
+  end->release();
 }
 
 }  // namespace

@@ -18,6 +18,11 @@ class IExecutor {
 // own, so that neither waits for the other.
 std::shared_ptr<IExecutor> const& GetCPUBoundExecutor();
 
+// A pool of so many threads, one at least, which start with the first function. When its last holder lets go
+// of it, it does what it was given to do before its threads end. For work that mustn't wait for that of
+// others.
+std::shared_ptr<IExecutor> NewExecutor(int threadCount);
+
 // Work that was spread over an executor's threads. It goes on to its end even if no one holds it.
 class IMultithreadedTask {
  public:

@@ -353,16 +353,21 @@ std::vector<ControlSample> Sliders() {
 }
 
 std::vector<ControlSample> ScrollViews() {
+  // The upright bar's thumb.
+  constexpr moxui::PointT<float> kThumb{0.98f, 0.1f};
   return {{"$$$/playground/sample/scrollVertical=Fits the width", [] { return ScrollSample(false); }, 280.0f,
-           140.0f},
-          {"$$$/playground/sample/scrollBoth=Both ways", [] { return ScrollSample(true); }, 280.0f, 140.0f}};
+           140.0f, kThumb},
+          {"$$$/playground/sample/scrollBoth=Both ways", [] { return ScrollSample(true); }, 280.0f, 140.0f,
+           kThumb}};
 }
 
 std::vector<ControlSample> Trees() {
   // Below the rows that are selected.
   constexpr moxui::PointT<float> kLow{0.5f, 0.7f};
+  // The name of a column.
+  constexpr moxui::PointT<float> kName{0.3f, 0.06f};
   return {{"$$$/playground/sample/treeTakes=A hundred thousand rows",
-           [] { return TreeSample(TreeKind::kTakes); }, 280.0f, 160.0f, kLow},
+           [] { return TreeSample(TreeKind::kTakes); }, 280.0f, 160.0f, kName},
           {"$$$/playground/sample/treeChannels=Controls in cells",
            [] { return TreeSample(TreeKind::kChannels); }, 280.0f, 160.0f, kLow},
           {"$$$/playground/sample/treeBins=Nested", [] { return TreeSample(TreeKind::kBins); }, 280.0f,
@@ -419,7 +424,8 @@ std::vector<PageDescriptor> ControlPages() {
                 Sliders),
       Described("scroll-view", "$$$/playground/page/scrollView=Scroll view",
                 "$$$/playground/page/scrollView/text=A window onto something larger.", ScrollViews,
-                {SampleState::kNormal, SampleState::kHover, SampleState::kFocused, SampleState::kDisabled}),
+                {SampleState::kNormal, SampleState::kHover, SampleState::kPressed, SampleState::kFocused,
+                 SampleState::kDisabled}),
       Described("hot-text", "$$$/playground/page/hotText=Hot text",
                 "$$$/playground/page/hotText/text=Text and numbers that are edited where they stand: drag a "
                 "number, "
@@ -428,7 +434,9 @@ std::vector<PageDescriptor> ControlPages() {
       Described(
           "tree", "$$$/playground/page/tree=Tree",
           "$$$/playground/page/tree/text=Rows in columns, any number of them, with whatever cells hold.",
-          Trees, {SampleState::kNormal, SampleState::kHover, SampleState::kFocused, SampleState::kDisabled}),
+          Trees,
+          {SampleState::kNormal, SampleState::kHover, SampleState::kPressed, SampleState::kFocused,
+           SampleState::kDisabled}),
       Described(
           "box", "$$$/playground/page/box=Boxes and rows",
           "$$$/playground/page/box/text=Frames around what belongs together, and rows of buttons that make "

@@ -17,7 +17,7 @@ class KeyTable;
 class StatePreview;
 
 // One control of a page: what it is called, how it is made, and its size where the recommended one would not
-// do (0: the recommended one). `pointer` is where it is pointed at, by shares of its extent.
+// do (0: the recommended one). `pointer` is where it is pointed at, as PreviewAim has it.
 struct ControlSample {
   std::string_view title;  // literal
   std::function<moxcore::utility::IntrusivePtr<moxui::controls::UI_ControlView>()> make;

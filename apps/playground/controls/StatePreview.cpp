@@ -1,6 +1,7 @@
 #include "controls/StatePreview.h"
 
 #include <moxui/controls/UI_ControlView.h>
+#include <moxui/skins/LayoutDirection.h>
 #include <moxui/ui/NodeTree.h>
 #include <moxui/ui/UI_NodeManager.h>
 
@@ -41,9 +42,22 @@ void StatePreview::PointAt(moxui::PointT<float> point) {
   mTree->HandlePointer(input);
 }
 
-// Of a view that is made of others, the one that would be pressed.
+void StatePreview::PressAt(moxui::PointT<float> point) {
+  moxui::ui::PointerInput input;
+  input.action = moxui::ui::PointerAction::kPress;
+  input.button = moxui::ui::MouseButton::kLeft;
+  input.position = point;
+  mTree->HandlePointer(input);
+}
+
+// Of a view that is made of others, the one that would be pressed. Controls are told that they are: a press
+// would open menus, and move what is dragged. What is no control, a row or the name of a column, is pressed.
 void StatePreview::PressWhatIsUnderThePointer() {
   auto const hovered = mTree->GetHoveredNode();
+  if (dynamic_cast<UI_ControlView*>(hovered.Get()) == nullptr) {
+    PressAt(AimedPoint());
+    return;
+  }
   for (UI_Node* node = hovered.Get(); node != nullptr; node = node->UI_GetParentNode()) {
     if (auto* const part = dynamic_cast<UI_ControlView*>(node)) {
       part->SetDownState(true);
@@ -52,10 +66,12 @@ void StatePreview::PressWhatIsUnderThePointer() {
 }
 
 moxui::PointT<float> StatePreview::AimedPoint() const {
+  if (mAim.part != nullptr) {
+    return mAim.part->UI_ConvertRectTo(nullptr, mAim.part->UI_GetLocalRectF(false)).Center();
+  }
   RectT<float> const own = UI_GetLocalRectF(false);
-  return mAim.part != nullptr
-             ? mAim.part->UI_ConvertRectTo(nullptr, mAim.part->UI_GetLocalRectF(false)).Center()
-             : moxui::PointT<float>(own.width * mAim.pointer.x, own.height * mAim.pointer.y);
+  float const across = moxui::skins::IsRightToLeft() ? 1.0f - mAim.pointer.x : mAim.pointer.x;
+  return {own.width * across, own.height * mAim.pointer.y};
 }
 
 void StatePreview::FocusWhatIsMeant() {

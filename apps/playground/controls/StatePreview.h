@@ -16,7 +16,8 @@ namespace playground {
 
 // What of a view is in the state that is asked for.
 struct PreviewAim {
-  moxui::PointT<float> pointer{0.5f, 0.5f};  // where it is pointed at, by shares of its extent
+  // Where it is pointed at, by shares of its extent, across from where lines begin.
+  moxui::PointT<float> pointer{0.5f, 0.5f};
   moxui::ui::UI_Node* part = nullptr;      // or a part of it, which is pointed at and has the keyboard focus
   std::function<void()> makeUnknown = {};  // for what is no control
 };
@@ -41,6 +42,7 @@ class StatePreview : public moxui::ui::UI_Node, private moxui::ui::NodeTreeHost 
  private:
   void Freeze();
   void PointAt(moxui::PointT<float> point);
+  void PressAt(moxui::PointT<float> point);
   moxui::PointT<float> AimedPoint() const;
   void FocusWhatIsMeant();
   void PressWhatIsUnderThePointer();

@@ -30,6 +30,20 @@ ThemeColorID ThumbRole(ControlLook const& look) {
   }
 }
 
+ThemeColorID ScrollThumbRole(ControlLook const& look) {
+  switch (look.GetInteraction()) {
+    case Interaction::kDisabled:
+      return ThemeColorID::kFieldOutlineDisabled;
+    case Interaction::kPressed:
+      return ThemeColorID::kScrollBarThumbPressed;
+    case Interaction::kHover:
+      return ThemeColorID::kScrollBarThumbActive;
+    case Interaction::kIdle:
+      return ThemeColorID::kScrollBarThumb;
+  }
+  return ThemeColorID::kScrollBarThumb;
+}
+
 }  // namespace
 
 void PaintSliderTrack(scriber::Scriber* scriber, SliderGeometry const& geometry, ControlLook const& look) {
@@ -91,19 +105,13 @@ void PaintScrollBar(scriber::Scriber* scriber, RectT<float> const& bar, RectT<fl
   if (thumb.IsEmpty()) {
     return;
   }
-  ThemeColorID role = ThemeColorID::kScrollBarThumb;
-  if (look.IsDisabled()) {
-    role = ThemeColorID::kFieldOutlineDisabled;
-  } else if (look.GetInteraction() != Interaction::kIdle) {
-    role = ThemeColorID::kScrollBarThumbActive;
-  }
   bool const isVertical = bar.height >= bar.width;
   float const across = kScrollThumbInset;
   float const along = look.IsV7() ? 2.0f : 1.0f;
   RectT<float> const shape = isVertical ? thumb.Grown({-across, -along, -across, -along})
                                         : thumb.Grown({-along, -across, -along, -across});
   float const radius = look.IsV7() ? std::min(shape.width, shape.height) / 2.0f : 1.0f;
-  FillBox(scriber, shape, radius, look.Color(role));
+  FillBox(scriber, shape, radius, look.Color(ScrollThumbRole(look)));
 }
 
 }  // namespace moxui::skins

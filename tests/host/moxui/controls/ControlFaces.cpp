@@ -171,7 +171,7 @@ std::vector<ControlFace> MakeFaces() {
                      bar->SetOffset(40.0f);
                      return bar;
                    },
-                   {FaceState::kNormal, FaceState::kHover, FaceState::kDisabled}});
+                   {FaceState::kNormal, FaceState::kHover, FaceState::kPressed, FaceState::kDisabled}});
   faces.push_back({"static_text",
                    {120, 16},
                    [] { return MakeIntrusive<controls::UI_StaticText>(u"Sample rate"); },

@@ -98,6 +98,7 @@ TEST_P(ThemeContrast, OfFocusRingsAndActiveOutlinesIsThree) {
                       {kButtonOutlineActive, kTabBackground},
                       {kScrollBarThumb, kScrollBarTrack},
                       {kScrollBarThumbActive, kScrollBarTrack},
+                      {kScrollBarThumbPressed, kScrollBarTrack},
                       {kNegative, kPanelBackground},
                       {kInteractive, kFieldOutlineDisabled}});
 }

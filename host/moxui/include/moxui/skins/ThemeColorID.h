@@ -32,7 +32,8 @@ enum class ThemeColorID : unsigned {
   kOnNegative,  ///< text and marks on that ground
 
   kScrollBarThumb = 40,
-  kScrollBarThumbActive,  ///< under the pointer or dragged
+  kScrollBarThumbActive,   ///< under the pointer
+  kScrollBarThumbPressed,  ///< dragged, or the track beside it pressed
   kScrollBarTrack,
   kProgressBarEmptyFill,
   kProgressBarOuterLine,

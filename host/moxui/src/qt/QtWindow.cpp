@@ -19,6 +19,7 @@
 #include <QPainter>
 #include <QScreen>
 #include <QStyleHints>
+#include <QTextDocument>
 #include <QToolTip>
 #include <algorithm>
 #include <cmath>
@@ -42,6 +43,11 @@ int ToSide(float length) {
 
 int ToPlace(float place) {
   return std::isnan(place) ? 0 : static_cast<int>(std::clamp(place, -kFarthestPlace, kFarthestPlace));
+}
+
+// Qt takes what looks like marked-up text as such: a name with an angle bracket would lose what follows it.
+QString AsPlainToolTip(QString const& text) {
+  return Qt::mightBeRichText(text) ? "<p style='white-space:pre'>" + text.toHtmlEscaped() + "</p>" : text;
 }
 
 QWidget* ParentOf(platform::WindowOptions const& options) {
@@ -346,7 +352,8 @@ void QtWindow::ResetCursor() {
 void QtWindow::ShowToolTip(std::string_view text, PointT<float> position) {
   QPoint const place =
       mWidget->mapToGlobal(QPointF(position.x * mZoom, position.y * mZoom)).toPoint() + QPoint(0, 16);
-  QToolTip::showText(place, QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())),
+  QToolTip::showText(place,
+                     AsPlainToolTip(QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()))),
                      mWidget.get());
 }
 

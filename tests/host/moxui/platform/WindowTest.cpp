@@ -5,6 +5,7 @@
 #include <moxui/platform/CursorControl.h>
 #include <moxui/platform/Fonts.h>
 #include <moxui/ui/DragData.h>
+#include <moxui/ui/NodeTreeHost.h>
 #include <moxui/ui/UI_NodeManager.h>
 
 #include <gmock/gmock.h>
@@ -16,6 +17,8 @@
 #include <QKeyEvent>
 #include <QMimeData>
 #include <QMouseEvent>
+#include <QTextDocument>
+#include <QToolTip>
 #include <QUrl>
 #include <QWheelEvent>
 #include <QWidget>
@@ -262,6 +265,26 @@ TEST_F(Window, TellsAssistiveSoftwareOfNodesWithARole) {
   group->DeleteChildren();
   EXPECT_FALSE(found->isValid());
   EXPECT_EQ(windowInterface->childCount(), 0);
+}
+
+TEST_F(Window, ShowsToolTipsAsTheyAreWritten) {
+  ui::NodeTreeHost& host = window->GetTree().GetHost();
+  host.ShowToolTip("plain & <short>", {10, 10});
+  EXPECT_EQ(QToolTip::text(), "plain & <short>");
+  // What the tip says once its marks are read.
+  auto const read = [](std::string_view text) {
+    QTextDocument document;
+    document.setHtml(QToolTip::text());
+    EXPECT_EQ(document.toPlainText().toStdString(), text);
+  };
+  for (std::string_view const text :
+       {"take<b>1.wav", "<img src='/a.png'> & more", "<p>two  words\nand a line</p>"}) {
+    host.ShowToolTip(text, {10, 10});
+    ASSERT_TRUE(Qt::mightBeRichText(QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()))));
+    EXPECT_TRUE(Qt::mightBeRichText(QToolTip::text()));
+    read(text);
+  }
+  host.ShowToolTip("", {10, 10});
 }
 
 TEST_F(Window, TakesNoSizeThatItCannotHave) {

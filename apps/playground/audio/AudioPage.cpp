@@ -105,7 +105,7 @@ AudioPage::AudioPage(PageContext const& context)
           "shows all, Z the selection and again what was before\\nEscape stops, then "
           "selects nothing\\nCtrl+Z undoes, Ctrl+Shift+Z or Ctrl+Y redoes, Ctrl+E exports\\n1 to 9 switch "
           "channels off and on")),
-      400);
+      moxui::skins::GetToolTipDelay());
   mProgress = MakeIntrusive<PeakProgress>(mSession);
   mPanel = MakeIntrusive<PropertyPanel>();
 

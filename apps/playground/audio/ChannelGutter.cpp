@@ -10,6 +10,7 @@
 #include "shell/Painting.h"
 
 #include <moxui/scriber/Drawing.h>
+#include <moxui/skins/Look.h>
 #include <moxui/ui/KeyboardEvent.h>
 #include <moxui/ui/MouseEvent.h>
 #include <moxui/ui/OS_Menu.h>
@@ -194,7 +195,7 @@ void ChannelGutter::HoverChanged() {
                                    "for a colour",
                                    {ChannelName(mSession, *channel)}))
                         : moxcore::Utf8String(),
-                400);
+                moxui::skins::GetToolTipDelay());
 }
 
 void ChannelGutter::GoTo(std::size_t channel) {

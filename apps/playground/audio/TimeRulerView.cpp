@@ -8,6 +8,7 @@
 #include "shell/Painting.h"
 
 #include <moxui/scriber/Drawing.h>
+#include <moxui/skins/Look.h>
 #include <moxui/ui/MouseEvent.h>
 #include <moxui/ui/OS_Menu.h>
 
@@ -30,7 +31,7 @@ constexpr float kLabelInset = 4.0f;
 TimeRulerView::TimeRulerView(AudioSession& session) : mSession(session) {
   UI_SetToolTip(moxcore::Utf8String(Text("$$$/playground/audio/rulerTip=Drag to scroll, wheel to zoom. "
                                          "Right click for time or samples.")),
-                1000);
+                moxui::skins::GetToolTipDelay());
 }
 
 TimeRulerView::~TimeRulerView() = default;

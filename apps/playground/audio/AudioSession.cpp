@@ -2,6 +2,7 @@
 
 #include "audio/PeakFile.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace playground {
@@ -32,6 +33,9 @@ void AudioSession::Begin(std::size_t index) {
   mSettings.fadeStart = 0;
   mSettings.fadeEnd = frames;
   ReturnToPlace();
+  if (document.CurrentState() == AudioDocument::State::kFailed) {
+    ForgetFailuresOf(document.Path());  // it stands below the waveform from now on
+  }
 }
 
 void AudioSession::SetListener(void const* owner, std::function<void(SessionChanges)> listener) {
@@ -103,9 +107,7 @@ SessionChanges AudioSession::TakeOpened() {
       changes.Set(SessionChange::kDocument);
     } else if (next.CurrentState() == AudioDocument::State::kFailed) {
       mFailures.push_back(next.Failure());
-      if (mFailureFunction) {
-        mFailureFunction(mFailures.back());
-      }
+      Hear(mFailures.back());
       changes.Set(SessionChange::kFailures);
     } else {
       break;
@@ -113,6 +115,42 @@ SessionChanges AudioSession::TakeOpened() {
     mOpening.erase(mOpening.begin());
   }
   return changes;
+}
+
+// A document that couldn't be read to its end is told of once for each reason.
+SessionChanges AudioSession::TakeUnread(std::size_t index) {
+  using State = AudioDocument::State;
+  AudioDocument const& document = mDocuments[index];
+  SessionChanges changes;
+  if (document.CurrentState() == State::kDone && mUnread.erase(index) > 0 &&
+      ForgetFailuresOf(document.Path())) {
+    changes.Set(SessionChange::kFailures);
+  }
+  if (document.CurrentState() != State::kFailed) {
+    return changes;
+  }
+  OpenFailure const failure = document.Failure();
+  if (mUnread.contains(index) && mUnread[index] == failure.reason) {
+    return changes;
+  }
+  mUnread[index] = failure.reason;
+  if (index != mCurrent) {
+    ForgetFailuresOf(failure.file);
+    mFailures.push_back(failure);
+    changes.Set(SessionChange::kFailures);
+  }
+  Hear(failure);
+  return changes;
+}
+
+void AudioSession::Hear(OpenFailure const& failure) {
+  if (mFailureFunction) {
+    mFailureFunction(failure);
+  }
+}
+
+bool AudioSession::ForgetFailuresOf(std::string const& file) {
+  return std::erase_if(mFailures, [&file](OpenFailure const& failure) { return failure.file == file; }) > 0;
 }
 
 void AudioSession::ForgetGivenUp() {
@@ -133,6 +171,7 @@ void AudioSession::TakeNews() {
       Begin(i);
       changes.Set(SessionChange::kDocument);
     }
+    changes.Set(TakeUnread(i));
   }
   changes.Set(SessionChange::kPeaks);
   Tell(changes);
@@ -171,6 +210,7 @@ void AudioSession::CancelPeaks() {
 
 void AudioSession::RestartPeaks() {
   if (mCurrent < mDocuments.size()) {
+    mUnread.erase(mCurrent);  // whoever wants it read again wants to hear of it again
     mDocuments[mCurrent].Restart();
     TakeNews();
   }
@@ -211,6 +251,15 @@ std::vector<OpenFailure> AudioSession::UnreadDocuments() const {
     }
   }
   return failures;
+}
+
+bool AudioSession::IsReading() const {
+  using State = AudioDocument::State;
+  return !mOpening.empty() ||
+         std::any_of(mDocuments.begin(), mDocuments.end(), [](AudioDocument const& document) {
+           State const state = document.CurrentState();
+           return state != State::kDone && state != State::kCancelled && state != State::kFailed;
+         });
 }
 
 void AudioSession::ChangeSettings(std::function<void(WaveformSettings&)> const& change) {

@@ -28,7 +28,7 @@ inline constexpr unsigned kDocument = 1;   // another sound, or more of them; ev
 inline constexpr unsigned kView = 2;       // the part that is shown
 inline constexpr unsigned kSelection = 4;  // what is selected
 inline constexpr unsigned kSettings = 8;   // how it is drawn
-inline constexpr unsigned kFailures = 16;  // files that couldn't be opened
+inline constexpr unsigned kFailures = 16;  // files that couldn't be opened or read
 inline constexpr unsigned kPeaks = 32;     // more of the current sound is known, or the work on it goes on
 inline constexpr unsigned kExport = 128;   // an export has begun, or is forgotten
 inline constexpr unsigned kHistory = 256;  // whether there is something to undo or to redo
@@ -75,11 +75,16 @@ class AudioSession {
   // Looks whether files have changed, and has the peaks of those that have made anew.
   void PollForChanges();
 
+  // Files that couldn't be opened, or be read to their end while another sound was shown: beside the document
+  // itself there is no need of telling.
   std::vector<OpenFailure> const& Failures() const { return mFailures; }
   void ForgetFailures();
   // Documents whose file was opened and then couldn't be read to its end. The part that could be is shown.
   std::vector<OpenFailure> UnreadDocuments() const;
-  // Hears of each file that can't be opened, when it is known.
+  // Whether other threads are at work on any file.
+  bool IsReading() const;
+  // Hears of each file that can't be opened or be read to its end, when it is known; of one that is read once
+  // more, only if the reason is another or the user had it read again.
   void SetFailureFunction(std::function<void(OpenFailure const&)> function) {
     mFailureFunction = std::move(function);
   }
@@ -138,6 +143,9 @@ class AudioSession {
   void Begin(std::size_t index);
   void Join(AudioDocument document);
   SessionChanges TakeOpened();
+  SessionChanges TakeUnread(std::size_t index);
+  void Hear(OpenFailure const& failure);
+  bool ForgetFailuresOf(std::string const& file);
   void ForgetGivenUp();
   void TakeNews();
 
@@ -164,6 +172,7 @@ class AudioSession {
   bool mShowsNextOpened = false;
   std::size_t mCurrent = 0;
   std::vector<OpenFailure> mFailures;
+  std::map<std::size_t, std::string> mUnread;  // why documents couldn't be read, as far as it was told
   std::function<void(OpenFailure const&)> mFailureFunction;
   Viewport mView;
   SampleSelection mSelection;

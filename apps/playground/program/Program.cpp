@@ -121,7 +121,7 @@ int RunWithPlatform(CommandLine const& line, Settings settings, std::optional<st
     wave.rulerUnit = settings.rulerCountsSamples ? RulerUnit::kSamples : RulerUnit::kTime;
   });
   state.page = page.value_or(FindPageOrFirst(settings.page));
-  // What can't be opened is told of in the user's language.
+  // What can't be read is told of in the user's language.
   ApplyAppearance(state.appearance);
   state.audio.SetFailureFunction([](OpenFailure const& failure) { Complain(failure.Sentence()); });
   if (line.task != ProgramTask::kRender) {
@@ -131,15 +131,12 @@ int RunWithPlatform(CommandLine const& line, Settings settings, std::optional<st
   if (line.task == ProgramTask::kRender) {
     // Pictures are of whole sounds.
     state.audio.WaitForPeaks();
-    auto const unread = state.audio.UnreadDocuments();
-    for (OpenFailure const& failure : unread) {
-      Complain(failure.Sentence());
-    }
     if (auto const reason = RenderPages(state, line.renderDirectory, page)) {
       Complain(*reason);
       return kFileFailed;
     }
-    return state.audio.Failures().empty() && unread.empty() ? kAllWentWell : kFileFailed;
+    return state.audio.Failures().empty() && state.audio.UnreadDocuments().empty() ? kAllWentWell
+                                                                                   : kFileFailed;
   }
   if (!line.files.empty() && !page) {
     state.page = FindPage("audio");

@@ -26,7 +26,7 @@ bool StoreText(std::string& field, std::string const& value) {
   return !value.empty();
 }
 
-constexpr std::array<Option, 11> kOptions{{
+constexpr std::array<Option, 12> kOptions{{
     {"--help", false,
      [](CommandLine& line, std::string const&) {
        line.task = ProgramTask::kHelp;
@@ -46,6 +46,10 @@ constexpr std::array<Option, 11> kOptions{{
      [](CommandLine& line, std::string const& value) {
        line.task = ProgramTask::kRender;
        return StoreText(line.renderDirectory, value);
+     }},
+    {"--or-render", true,
+     [](CommandLine& line, std::string const& value) {
+       return StoreText(line.directoryWithoutDisplay, value);
      }},
     {"--page", true, [](CommandLine& line, std::string const& value) { return StoreText(line.page, value); }},
     {"--theme", true,
@@ -153,17 +157,20 @@ std::string HelpText() {
       "\n"
       "  --page NAME         open, or render, this page (see --list)\n"
       "  --render DIR        write a picture of every page and state into DIR, without a window\n"
+      "  --or-render DIR     the same if there is no display to open a window on\n"
       "  --list              print the names of the pages\n"
       "  --theme NAME        dark, light or high-contrast\n"
       "  --look NAME         classic or v7\n"
       "  --scale FACTOR      from 0.5 to 4, or a percentage such as 150%\n"
       "  --language NAME     en, de, or pseudo: every text stretched and accented\n"
       "  --right-to-left     lay everything out from right to left\n"
-      "  --autoquit          quit after the first paint\n"
+      "  --autoquit          quit once the files are read and the window is painted\n"
       "  --help, --version   this text, the version\n"
       "\n"
-      "Exit code: 0 when all went well, 1 when a file could not be opened, read or written, 2 when the\n"
-      "command line could not be understood.\n");
+      "Exit code: 0 when all went well, 1 when the program could not start or, with --render or --autoquit, "
+      "a\n"
+      "file could not be opened, read or written, 2 when the command line could not be understood. A window\n"
+      "tells of its files itself.\n");
 }
 
 std::string VersionText() {

@@ -15,13 +15,14 @@ enum class ProgramTask { kOpenWindow, kRender, kList, kHelp, kVersion };
 struct CommandLine {
   ProgramTask task = ProgramTask::kOpenWindow;
   std::string renderDirectory;
+  std::string directoryWithoutDisplay;  // to render into where no window can be opened; empty: nowhere
   std::string page;
   std::optional<ThemeChoice> theme;
   std::optional<LookChoice> look;
   std::optional<LanguageChoice> language;
   std::optional<bool> rightToLeft;
   std::optional<double> scale;
-  bool quitAfterFirstPaint = false;
+  bool quitAfterFirstPaint = false;  // and after the files have been read
   std::vector<std::string> files;
 
   // `base` with what was asked for in its place.

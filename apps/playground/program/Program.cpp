@@ -1,5 +1,6 @@
 #include "program/Program.h"
 
+#include "audio/AudioSession.h"
 #include "program/AppearanceState.h"
 #include "program/CommandLine.h"
 #include "program/Localized.h"
@@ -17,6 +18,7 @@
 #include <moxcore/utility/ModuleHandle.h>
 #include <moxmediaui/Module.h>
 #include <moxui/platform/Application.h>
+#include <moxui/platform/Display.h>
 #include <moxui/platform/Fonts.h>
 
 #include <algorithm>
@@ -105,6 +107,11 @@ CommandLineResult ReadCommandLine(std::vector<std::string> const& arguments) {
   return result;
 }
 
+// The code of a run that nobody watches.
+int CodeFor(AudioSession const& session) {
+  return session.Failures().empty() && session.UnreadDocuments().empty() ? kAllWentWell : kFileFailed;
+}
+
 int RunWithPlatform(CommandLine const& line, Settings settings, std::optional<std::size_t> page, char* name) {
   // The platform's own arguments are none of ours.
   int count = 1;
@@ -135,13 +142,39 @@ int RunWithPlatform(CommandLine const& line, Settings settings, std::optional<st
       Complain(*reason);
       return kFileFailed;
     }
-    return state.audio.Failures().empty() && state.audio.UnreadDocuments().empty() ? kAllWentWell
-                                                                                   : kFileFailed;
+    return CodeFor(state.audio);
   }
   if (!line.files.empty() && !page) {
     state.page = FindPage("audio");
   }
-  return RunWindow(*application, state, std::move(settings), line.quitAfterFirstPaint);
+  int const code = RunWindow(*application, state, std::move(settings), line.quitAfterFirstPaint);
+  // Whoever sits before the window reads there what has failed.
+  return code == kAllWentWell && line.quitAfterFirstPaint ? CodeFor(state.audio) : code;
+}
+
+int Render(CommandLine const& line, std::optional<std::size_t> page, char* name) {
+  // Pictures need no screen, and are the same on all of them.
+  if (!IsSet("QT_QPA_PLATFORM")) {
+    setenv("QT_QPA_PLATFORM", "offscreen", 1);
+  }
+  // What is remembered is about the window: pictures depend on the command line alone.
+  return RunWithPlatform(line, Settings(), page, name);
+}
+
+int RunWithoutDisplay(CommandLine line, std::optional<std::size_t> page, char* name) {
+  if (line.directoryWithoutDisplay.empty()) {
+    Complain(
+        Text("$$$/playground/noDisplay=There is no display to open a window on. Pictures of the pages can be "
+             "had with --render DIR."));
+    return kFileFailed;
+  }
+  Complain(
+      Text("$$$/playground/rendersInstead=There is no display to open a window on: pictures of the "
+           "pages go to \"@0\".",
+           {line.directoryWithoutDisplay}));
+  line.task = ProgramTask::kRender;
+  line.renderDirectory = line.directoryWithoutDisplay;
+  return Render(line, page, name);
 }
 
 int Run(std::vector<std::string> const& arguments, char* name) {
@@ -174,20 +207,14 @@ int Run(std::vector<std::string> const& arguments, char* name) {
       PrintPages();
       return kAllWentWell;
     case ProgramTask::kRender:
-      // Pictures need no screen, and are the same on all of them.
-      setenv("QT_QPA_PLATFORM", "offscreen", 0);
-      // What is remembered is about the window: pictures depend on the command line alone.
-      return RunWithPlatform(line, Settings(), page, name);
+      return Render(line, page, name);
     case ProgramTask::kOpenWindow:
       break;
   }
   Settings settings = LoadSettings(SettingsPath());
   SpeakIn(line.Over(settings.appearance).language);
-  if (!IsSet("DISPLAY") && !IsSet("WAYLAND_DISPLAY") && !IsSet("QT_QPA_PLATFORM")) {
-    Complain(
-        Text("$$$/playground/noDisplay=There is no display to open a window on. Pictures of the pages can be "
-             "had with --render DIR."));
-    return kFileFailed;
+  if (!moxui::platform::HasDisplay(moxui::platform::DisplayEnvironment::OfProcess())) {
+    return RunWithoutDisplay(line, page, name);
   }
   return RunWithPlatform(line, std::move(settings), page, name);
 }

@@ -22,7 +22,7 @@ namespace {
 using moxui::platform::Application;
 using moxui::platform::Window;
 
-// How often the first paint is looked for, in milliseconds.
+// How often it is looked whether all is read and painted, in milliseconds.
 constexpr int kPaintCheck = 10;
 
 void ShowAppearance(Window& window, Appearance const& appearance) {
@@ -39,12 +39,12 @@ void RecallLayouts(ProgramState& state, Settings const& settings) {
   state.audio.SetLayout(state.channels.LayoutForOwnSound());
 }
 
-void QuitOncePainted(Application& application, Window& window) {
-  application.PostDelayed(kPaintCheck, [&application, &window] {
-    if (window.IsShown() && !window.GetTree().NeedsFrame()) {
+void QuitOncePainted(Application& application, Window& window, AudioSession const& session) {
+  application.PostDelayed(kPaintCheck, [&application, &window, &session] {
+    if (!session.IsReading() && window.IsShown() && !window.GetTree().NeedsFrame()) {
       application.Quit(0);
     } else {
-      QuitOncePainted(application, window);
+      QuitOncePainted(application, window, session);
     }
   });
 }
@@ -67,7 +67,7 @@ int RunWindow(Application& application, ProgramState& state, Settings settings, 
   });
   window->Show();
   if (quitsAfterFirstPaint) {
-    QuitOncePainted(application, *window);
+    QuitOncePainted(application, *window, state.audio);
   }
   int const code = application.Run();
 

@@ -43,6 +43,14 @@ TEST(CommandLine, AcceptsValuesAfterAnEqualsSign) {
   EXPECT_EQ(result.commandLine.language, LanguageChoice::kPseudo);
 }
 
+TEST(CommandLine, OpensTheWindowIfItCanWhereItNeedNotRender) {
+  auto const result = ParseCommandLine({"--or-render", "pictures"});
+  ASSERT_TRUE(result.IsOk());
+  EXPECT_EQ(result.commandLine.task, ProgramTask::kOpenWindow);
+  EXPECT_EQ(result.commandLine.directoryWithoutDisplay, "pictures");
+  EXPECT_FALSE(ParseCommandLine({"--or-render="}).IsOk());
+}
+
 TEST(CommandLine, AcceptsThePercentageOfAScale) {
   EXPECT_EQ(ParseCommandLine({"--scale", "125%"}).commandLine.scale, 1.25);
 }
@@ -77,8 +85,9 @@ TEST(CommandLine, GivesHelpWhateverFollows) {
 }
 
 TEST(CommandLine, HelpNamesEveryOption) {
-  for (std::string const name : {"--page", "--render", "--list", "--theme", "--look", "--scale", "--language",
-                                 "--right-to-left", "--autoquit", "--help", "--version"}) {
+  for (std::string const name :
+       {"--page", "--render", "--or-render", "--list", "--theme", "--look", "--scale", "--language",
+        "--right-to-left", "--autoquit", "--help", "--version"}) {
     EXPECT_NE(HelpText().find(name), std::string::npos) << name;
   }
 }

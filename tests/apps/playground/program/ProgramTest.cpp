@@ -300,8 +300,19 @@ TEST_F(Program, OpensItsWindowWithABadFileAndDamagedSettings) {
   WriteBytes(Folder() / "config" / "moxmediaui", "playground.ini",
              std::string("width=\0page=!!\nscale=9", 22));
   ProgramRun const run({"--autoquit", (Folder() / "missing.wav").string()}, Folder());
-  EXPECT_EQ(run.code, 0) << run.errors;
+  EXPECT_EQ(run.code, 1) << run.errors;
   EXPECT_THAT(run.errors, HasSubstr("missing.wav"));
+}
+
+TEST_F(Program, ReadsItsFilesBeforeItQuitsUnwatched) {
+  auto const whole = WriteTone(Folder(), "whole.flac", AudioFileFormat::kFlacInt16, 2);
+  ProgramRun const good({"--autoquit", whole.string()}, Folder());
+  EXPECT_EQ(good.code, 0) << good.errors;
+  auto const cut = WriteTruncated(whole, fs::file_size(whole) / 2);
+  ProgramRun const run({"--autoquit", "--page", "slider", whole.string(), cut.string()}, Folder());
+  EXPECT_EQ(run.code, 1);
+  EXPECT_THAT(run.errors, HasSubstr("playground: " + cut.string() + ": "));
+  EXPECT_EQ(run.errors.find("truncated-"), run.errors.rfind("truncated-")) << run.errors;
 }
 
 TEST_F(Program, KeepsItsPresetsInTheirFolderAndRendersWithoutThem) {
@@ -321,6 +332,42 @@ TEST_F(Program, SaysThatThereIsNoDisplay) {
   ProgramRun const run({}, Folder(), ProgramRun::Display::kNone);
   EXPECT_EQ(run.code, 1);
   EXPECT_THAT(run.errors, HasSubstr("--render"));
+}
+
+TEST_F(Program, TakesADisplayThatIsNotThereForNone) {
+  // The name of a display of Wayland whose socket isn't there, or that no plugin speaks to.
+  std::vector<std::string> const wayland{"WAYLAND_DISPLAY=wayland-of-nobody"};
+  ProgramRun const run({"--language", "de"}, Folder(), ProgramRun::Display::kNone, wayland);
+  EXPECT_EQ(run.code, 1);
+  EXPECT_THAT(run.errors, HasSubstr("Es gibt keine Anzeige"));
+  ProgramRun const quiet({"--autoquit", "--or-render", Out(), "--page", "popup"}, Folder(),
+                         ProgramRun::Display::kNone, wayland);
+  EXPECT_EQ(quiet.code, 0) << quiet.errors;
+  EXPECT_TRUE(fs::exists(Out() + "/popup-normal.png"));
+}
+
+TEST_F(Program, RendersInsteadWhereThereIsNoDisplayAndSaysWhere) {
+  std::vector<std::string> const arguments{"--or-render", Out(), "--page", "popup",
+                                           (Folder() / "missing.wav").string()};
+  ProgramRun const run(arguments, Folder(), ProgramRun::Display::kNone);
+  EXPECT_EQ(run.code, 1) << "pictures are of whole sounds";
+  EXPECT_THAT(run.errors, HasSubstr("There is no display"));
+  EXPECT_THAT(run.errors, HasSubstr("\"" + Out() + "\""));
+  EXPECT_TRUE(fs::exists(Out() + "/popup-normal.png"));
+}
+
+TEST_F(Program, RendersNothingWhereThereIsADisplay) {
+  ProgramRun const run({"--or-render", Out(), "--autoquit"}, Folder());
+  EXPECT_EQ(run.code, 0) << run.errors;
+  EXPECT_FALSE(fs::exists(Out()));
+}
+
+TEST_F(Program, RendersWhereItWasToldToWhateverElseItMight) {
+  ProgramRun const run({"--or-render", Out("else"), "--render", Out(), "--page", "popup"}, Folder(),
+                       ProgramRun::Display::kNone, {"QT_QPA_PLATFORM="});
+  EXPECT_EQ(run.code, 0) << run.errors;
+  EXPECT_TRUE(fs::exists(Out() + "/popup-normal.png"));
+  EXPECT_FALSE(fs::exists(Out("else")));
 }
 
 TEST_F(Program, RendersWithoutADisplay) {

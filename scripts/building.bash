@@ -55,13 +55,20 @@ RequirePackages() {
   mkdir -p "$root/build"
   local -a apt=("${sudo[@]}" env DEBIAN_FRONTEND=noninteractive apt-get -q -y -o DPkg::Lock::Timeout=600)
   local -a install=("${apt[@]}" install --no-install-recommends "${missing[@]}")
+  local problem=
   if ! compgen -G '/var/lib/apt/lists/*_Packages*' >/dev/null; then
-    "${apt[@]}" update </dev/null >"$log" 2>&1 || { cat "$log" >&2; Fail "apt-get update failed"; }
+    "${apt[@]}" update </dev/null >"$log" 2>&1 || problem="apt-get update failed"
   fi
-  if ! "${install[@]}" </dev/null >"$log" 2>&1; then
+  if [[ -z $problem ]] && ! "${install[@]}" </dev/null >"$log" 2>&1; then
     # Lists of long ago name packages that the archive no longer has.
     "${apt[@]}" update </dev/null >>"$log" 2>&1 || true
-    "${install[@]}" </dev/null >>"$log" 2>&1 || { cat "$log" >&2; Fail "apt-get install failed"; }
+    "${install[@]}" </dev/null >>"$log" 2>&1 || problem="apt-get install failed"
+  fi
+  if [[ -n $problem && $needed == no ]]; then
+    Say "Going on without: $problem; the log is $log"
+  elif [[ -n $problem ]]; then
+    cat "$log" >&2
+    Fail "$problem"
   fi
 }
 

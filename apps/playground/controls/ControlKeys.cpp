@@ -92,6 +92,15 @@ std::vector<KeyLine> TreeKeys() {
            "$$$/playground/keys/letters/tree=Choose the next row that begins with what is typed"}};
 }
 
+std::vector<KeyLine> BoxKeys() {
+  return {kTab,
+          {"$$$/playground/keys/enter=Enter",
+           "$$$/playground/keys/enter/box=The button that has the focus, else the default button"},
+          {"$$$/playground/keys/space=Space", "$$$/playground/keys/space/box=The button that has the focus"},
+          {"$$$/playground/keys/escape=Esc",
+           "$$$/playground/keys/escape/box=Cancel, else No, else the only button; closing means the same"}};
+}
+
 struct KeysByPage {
   std::string_view page;
   std::vector<KeyLine> (*keys)();
@@ -104,7 +113,9 @@ constexpr KeysByPage kPages[] = {{"buttons", ButtonKeys},
                                  {"scroll-view", ScrollViewKeys},
                                  {"hot-text", HotTextKeys},
                                  {"text-edit", TextEditKeys},
-                                 {"tree", TreeKeys}};
+                                 {"tree", TreeKeys},
+                                 {"message-box", BoxKeys},
+                                 {"dialog", BoxKeys}};
 
 }  // namespace
 

@@ -49,9 +49,9 @@ void ControlPage::UI_SizeChanged(RectT<float> const& rect) {
   if (rect.IsEmpty()) {
     return;
   }
-  float const height = mSheet->GetHeight();
-  float const bar = height > rect.height ? moxui::controls::UI_ScrollBar::GetThickness() : 0.0f;
-  RectT<float> const extent{0.0f, 0.0f, rect.width - bar, height};
+  bool const scrolls = mSheet->GetHeight(rect.width) > rect.height;
+  float const width = rect.width - (scrolls ? moxui::controls::UI_ScrollBar::GetThickness() : 0.0f);
+  RectT<float> const extent{0.0f, 0.0f, width, mSheet->GetHeight(width)};
   mSheet->UI_SetLocalRectF(extent);
   mScroll->SetContentRect(extent);
   mScroll->Update();

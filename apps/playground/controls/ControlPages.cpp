@@ -4,6 +4,7 @@
 #include "controls/BoxSamples.h"
 #include "controls/ControlKeys.h"
 #include "controls/ControlPage.h"
+#include "controls/DialogSamples.h"
 #include "controls/DrawnSamples.h"
 #include "controls/SampleState.h"
 #include "controls/ScrollSample.h"
@@ -448,7 +449,14 @@ std::vector<PageDescriptor> ControlPages() {
                 "it back.",
                 TextEdits,
                 {SampleState::kNormal, SampleState::kHover, SampleState::kFocused, SampleState::kDisabled,
-                 SampleState::kUnknown})};
+                 SampleState::kUnknown}),
+      Described("message-box", "$$$/playground/page/messageBox=Message boxes",
+                "$$$/playground/page/messageBox/text=Something is told or asked, and an answer waited for.",
+                MessageBoxSamples, {SampleState::kNormal, SampleState::kFocused}),
+      Described("dialog", "$$$/playground/page/dialog=Dialogs",
+                "$$$/playground/page/dialog/text=Windows that wait for an answer: a line of text, controls, "
+                "views from an archive.",
+                DialogSamples, {SampleState::kNormal, SampleState::kFocused})};
 }
 
 }  // namespace playground

@@ -30,6 +30,7 @@ constexpr float kRowPadding = 8.0f;
 constexpr float kTitleWidth = 176.0f;
 constexpr float kSmallestColumn = 200.0f;
 constexpr float kKeysGap = 20.0f;
+constexpr float kBoxGap = 24.0f;  // between what opens a box and the box
 
 float UpToGrid(float value) {
   return std::ceil(value / 4.0f) * 4.0f;
@@ -51,7 +52,14 @@ ControlSheet::ControlSheet(EventLog& log, std::vector<ControlSample> samples,
     row.live = sample.make();
     row.preview = MakeIntrusive<StatePreview>();
     row.sample = std::move(sample);
-    Listen(*row.live, row.title);
+    if (row.sample.inside) {
+      row.inside = row.sample.inside()->UI_GetLocalRectF(false).Extent();
+    }
+    if (row.sample.open) {
+      OpenWhenPressed(row);
+    } else {
+      Listen(*row.live, row.title);
+    }
     ChildPushBack(row.live);
     ChildPushBack(row.preview);
     mRows.push_back(std::move(row));
@@ -76,6 +84,17 @@ void ControlSheet::Listen(UI_ControlView& control, moxcore::Utf16String const& t
   }
 }
 
+void ControlSheet::OpenWhenPressed(Row const& row) {
+  auto const open = [&log = mLog, button = row.live.Get(), name = To8(row.title),
+                     open = row.sample.open](Message*) {
+    // The page may end while the box is open, and the button, whose function this is, with it.
+    moxcore::utility::IntrusivePtr<UI_ControlView> const kept(button);
+    log.Add(Text("$$$/playground/message/opened=@0: opened", {name}));
+    log.Add(Text("$$$/playground/message/plain=@0: @1", {name, open(*button)}));
+  };
+  row.live->NotifyWhenChanged(std::make_shared<std::function<void(Message*)>>(open));
+}
+
 StatePreview& ControlSheet::Preview(std::size_t row) const {
   return *mRows[row].preview;
 }
@@ -83,7 +102,8 @@ StatePreview& ControlSheet::Preview(std::size_t row) const {
 void ControlSheet::ShowState(SampleState state) {
   mState = state;
   for (Row const& row : mRows) {
-    row.preview->SetView(row.sample.make(), mState, {.pointer = row.sample.pointer});
+    auto const& make = row.sample.inside;
+    row.preview->SetView(make ? make() : row.sample.make(), mState, {.pointer = row.sample.pointer});
   }
   UI_Invalidate();
 }
@@ -98,20 +118,51 @@ float ControlSheet::Row::InnerHeight() const {
   return std::max(Size().height, ControlHeight());
 }
 
-float ControlSheet::Row::Height() const {
-  return InnerHeight() + 2.0f * kRowPadding;
-}
-
-float ControlSheet::RowsBottom() const {
-  float bottom = kHeaderHeight;
+ControlSheet::PreviewColumn ControlSheet::FindPreviewColumn(float width) const {
+  constexpr float kControlsLeft = kPanelPadding + kTitleWidth;
+  float widestControl = 0.0f;
+  float widestBox = 0.0f;
   for (Row const& row : mRows) {
-    bottom += row.Height();
+    widestControl = std::max(widestControl, row.Size().width);
+    widestBox = std::max(widestBox, row.inside.width);
   }
-  return bottom;
+  if (widestBox == 0.0f) {
+    return {.left = kControlsLeft + ColumnWidth(width), .isBelow = false};
+  }
+  float const beside = kControlsLeft + widestControl + kBoxGap;
+  bool const hasRoom = beside + widestBox + kPanelPadding <= width;
+  return {.left = hasRoom ? beside : kPanelPadding, .isBelow = !hasRoom};
 }
 
-float ControlSheet::GetHeight() const {
-  return RowsBottom() + (mKeys ? kKeysGap + mKeys->GetHeight() + kPanelPadding : 0.0f);
+float ControlSheet::RowHeight(Row const& row, PreviewColumn const& column) {
+  float const control = row.InnerHeight();
+  float const preview = UpToGrid(row.PreviewSize().height);
+  return (column.isBelow ? control + kRowPadding + preview : std::max(control, preview)) + 2.0f * kRowPadding;
+}
+
+float ControlSheet::GetHeight(float width) const {
+  PreviewColumn const column = FindPreviewColumn(width);
+  float height = kHeaderHeight;
+  for (Row const& row : mRows) {
+    height += RowHeight(row, column);
+  }
+  return height + (mKeys ? kKeysGap + mKeys->GetHeight() + kPanelPadding : 0.0f);
+}
+
+void ControlSheet::PlaceRow(Row& row, float top, float width, PreviewColumn const& column) {
+  row.rect = {0.0f, top, width, RowHeight(row, column)};
+  float const left = kPanelPadding + kTitleWidth;
+  auto const size = row.Size();
+  float const widest = column.isBelow ? width - left - kPanelPadding : column.left - left - kGroupGap;
+  RectT<float> const live{left, top + kRowPadding + std::floor((row.InnerHeight() - size.height) / 2.0f),
+                          std::min(size.width, widest), size.height};
+  row.live->UI_SetLocalRectF(Placed(live, width));
+  RectT<float> preview{column.left, live.top, live.width, live.height};
+  if (row.sample.inside) {
+    float const under = column.isBelow ? row.InnerHeight() + kRowPadding : 0.0f;
+    preview = {column.left, top + kRowPadding + under, row.inside.width, row.inside.height};
+  }
+  row.preview->UI_SetLocalRectF(Placed(preview, width));
 }
 
 void ControlSheet::LayOut() {
@@ -119,16 +170,10 @@ void ControlSheet::LayOut() {
   if (own.IsEmpty()) {
     return;
   }
-  float const column = ColumnWidth(own.width);
+  PreviewColumn const column = FindPreviewColumn(own.width);
   float top = kHeaderHeight;
   for (Row& row : mRows) {
-    auto const size = row.Size();
-    row.rect = {0.0f, top, own.width, row.Height()};
-    float const left = kPanelPadding + kTitleWidth;
-    RectT<float> const live{left, top + kRowPadding + std::floor((row.InnerHeight() - size.height) / 2.0f),
-                            std::min(size.width, column - kGroupGap), size.height};
-    row.live->UI_SetLocalRectF(Placed(live, own.width));
-    row.preview->UI_SetLocalRectF(Placed(live.Offset({column, 0.0f}), own.width));
+    PlaceRow(row, top, own.width, column);
     top += row.rect.height;
   }
   if (mKeys) {
@@ -145,14 +190,17 @@ void ControlSheet::UI_SizeChanged(RectT<float> const& rect) {
 
 void ControlSheet::UI_Draw(moxui::scriber::Scriber* scriber) const {
   RectT<float> const own = UI_GetLocalRectF(false);
-  float const column = ColumnWidth(own.width);
-  float const left = kPanelPadding + kTitleWidth;
-  auto const heading = [&](float x, moxcore::Utf16String const& text) {
-    DrawLabel(scriber, text, Placed({x, 0.0f, column, kHeaderHeight}, own.width), Leading(),
+  PreviewColumn const column = FindPreviewColumn(own.width);
+  auto const heading = [&](float left, float right, moxcore::Utf16String const& text) {
+    DrawLabel(scriber, text, Placed({left, 0.0f, right - left, kHeaderHeight}, own.width), Leading(),
               FontIndex::kSmall, ThemeColor(ThemeColorID::kGray7));
   };
-  heading(left, Text16("$$$/playground/controls/live=To be tried"));
-  heading(left + column, Text16(DescriptionOf(mState).title));
+  float const end = own.width - kPanelPadding;
+  heading(kPanelPadding + kTitleWidth, column.isBelow ? end : column.left,
+          Text16("$$$/playground/controls/live=To be tried"));
+  if (!column.isBelow) {
+    heading(column.left, end, Text16(DescriptionOf(mState).title));
+  }
   auto const rule = [&](float top) {
     moxui::utils::DrawRect(scriber, {kPanelPadding, top, own.width - 2.0f * kPanelPadding, 1.0f},
                            ThemeColor(ThemeColorID::kGray3));
@@ -166,6 +214,11 @@ void ControlSheet::UI_Draw(moxui::scriber::Scriber* scriber) const {
               Placed({kPanelPadding, row.rect.top, kTitleWidth - 8.0f, ControlHeight() + 2.0f * kRowPadding},
                      own.width),
               Leading(), FontIndex::kText, ThemeColor(ThemeColorID::kGray8));
+    if (row.sample.inside) {
+      // The edge of its window.
+      moxui::utils::DrawOutline(scriber, row.preview->UI_GetLocalRectF(true).Inset(-0.5f),
+                                ThemeColor(ThemeColorID::kGray4), 1.0f);
+    }
   }
   UI_SubView::UI_Draw(scriber);
 }

@@ -1,6 +1,5 @@
-#include "ButtonRow.h"
-
 #include <moxcore/config/Localizer.h>
+#include <moxui/dialogs/ButtonRow.h>
 #include <moxui/dialogs/DialogButton.h>
 #include <moxui/skins/LayoutDirection.h>
 

@@ -1,7 +1,6 @@
-#include "InputBoxView.h"
-
 #include <moxcore/messaging/BindMessageFunction.h>
 #include <moxcore/string/Encoding.h>
+#include <moxui/dialogs/InputBoxView.h>
 #include <moxui/scriber/Scriber.h>
 #include <moxui/scriber/SurfaceInterface.h>
 #include <moxui/skins/Theme.h>

@@ -1,7 +1,7 @@
-#include "MessageBoxView.h"
 #include "ModalRun.h"
 
 #include <moxui/dialogs/MessageBox.h>
+#include <moxui/dialogs/MessageBoxView.h>
 
 namespace moxui::dialogs::messagebox {
 

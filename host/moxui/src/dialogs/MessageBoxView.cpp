@@ -1,6 +1,5 @@
-#include "MessageBoxView.h"
-
 #include <moxcore/string/Encoding.h>
+#include <moxui/dialogs/MessageBoxView.h>
 #include <moxui/scriber/Drawing.h>
 #include <moxui/scriber/Scriber.h>
 #include <moxui/scriber/SurfaceInterface.h>

@@ -1,6 +1,6 @@
-#include "InputBoxView.h"
 #include "ModalRun.h"
 
+#include <moxui/dialogs/InputBoxView.h>
 #include <moxui/dialogs/SimpleInputBox.h>
 
 namespace moxui::dialogs {

@@ -309,7 +309,7 @@ TEST_P(Reachable, BackwardInTheOppositeOrder) {
 INSTANTIATE_TEST_SUITE_P(Pages, Reachable,
                          testing::Values("audio", "channels", "timecode", "curve", "presets", "buttons",
                                          "checkbox", "popup", "slider", "scroll-view", "hot-text",
-                                         "text-edit"),
+                                         "text-edit", "message-box", "dialog"),
                          [](auto const& page) {
                            std::string name(page.param);
                            name.erase(std::remove(name.begin(), name.end(), '-'), name.end());

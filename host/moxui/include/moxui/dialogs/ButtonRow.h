@@ -11,6 +11,7 @@
 
 namespace moxui::dialogs {
 
+// In logical pixels: around what a box holds, and between its parts.
 inline constexpr float kBoxPadding = 16.0f;
 inline constexpr float kBoxGap = 12.0f;
 
@@ -25,7 +26,8 @@ class ButtonRow {
  public:
   using Answered = std::function<void(unsigned button)>;
 
-  /// Makes them as children of `box`. `buttons` is a sum of DialogButton.
+  /// Makes them as children of `box`, which outlives this. `buttons` is a sum of DialogButton. `answered` is
+  /// not empty.
   ButtonRow(ui::UI_SubView& box, unsigned buttons, unsigned defaultButton, Answered const& answered);
 
   /// Places them in a box of a width, their upper edge at `top`; gives their height.

@@ -1,8 +1,7 @@
 #pragma once
 
-#include "ButtonRow.h"
-
 #include <moxui/controls/UI_StaticText.h>
+#include <moxui/dialogs/ButtonRow.h>
 #include <moxui/dialogs/MessageBox.h>
 #include <moxui/ui/UI_SubView.h>
 
@@ -22,8 +21,8 @@ struct MessageBoxContent {
 };
 
 /// The inside of a message box: icon, wrapped text, a row of buttons at the right; mirrored where the
-/// interface is laid out from right to left. Calls `answered` once a
-/// button was pressed, or a key that means one.
+/// interface is laid out from right to left. Calls `answered`, which is not empty, once a button was pressed,
+/// or a key that means one.
 class MessageBoxView : public ui::UI_SubView {
  public:
   MessageBoxView(MessageBoxContent content, std::function<void(unsigned answer)> answered);

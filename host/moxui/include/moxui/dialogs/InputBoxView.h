@@ -1,9 +1,9 @@
 #pragma once
 
-#include "ButtonRow.h"
-
 #include <moxui/controls/UI_StaticText.h>
 #include <moxui/controls/UI_TextEdit.h>
+#include <moxui/dialogs/ButtonRow.h>
+#include <moxui/dialogs/DialogButton.h>
 #include <moxui/ui/UI_SubView.h>
 
 #include <cstddef>
@@ -18,14 +18,15 @@ struct InputBoxContent {
   moxcore::Utf16String text;
   bool selectsText = true;
   bool readOnly = false;
-  std::size_t minLength = 0;
+  std::size_t minLength = 0;  ///< in UTF-16 units; 0 for no bound
   std::size_t maxLength = 0;
-  unsigned acceptButton = 0;
-  unsigned cancelButton = 0;
+  unsigned acceptButton = DialogButton::kOk;
+  unsigned cancelButton = DialogButton::kCancel;
 };
 
-/// The inside of an input box: a prompt, a field, a row of two buttons at the right. Calls `answered` once a
-/// button was pressed, or a key that means one. A text that is too short can't be accepted.
+/// The inside of an input box: a prompt, a field, a row of two buttons at the right. Calls `answered`, which
+/// is not empty, once a button was pressed, or a key that means one. A text that is too short can't be
+/// accepted.
 class InputBoxView : public ui::UI_SubView {
  public:
   InputBoxView(InputBoxContent content, std::function<void(unsigned answer)> answered);

@@ -28,7 +28,6 @@ namespace DialogButton = moxui::dialogs::DialogButton;
 namespace LayoutBinding = moxui::ui::LayoutBinding;
 using moxcore::utility::IntrusivePtr;
 using moxcore::utility::MakeIntrusive;
-using moxui::RectT;
 using moxui::controls::UI_Checkbox;
 using moxui::controls::UI_ControlView;
 using moxui::controls::UI_HotTextNumber;

@@ -61,7 +61,7 @@ TEST_F(UnreadSounds, SecondOneIsToldOfOnceAndByThePageToo) {
   ASSERT_EQ(Session().Documents()[2].CurrentState(), State::kFailed);
   OpenFailure const failure = Session().Documents()[2].Failure();
   EXPECT_NE(failure.reason, "");
-  EXPECT_THAT(heard, ElementsAre(cut + ": " + failure.reason));
+  ASSERT_THAT(heard, ElementsAre(cut + ": " + failure.reason));
   EXPECT_EQ(program.Audio().FailureText(), heard.front());
   Session().Refresh();
   Session().WaitForPeaks();
@@ -70,10 +70,7 @@ TEST_F(UnreadSounds, SecondOneIsToldOfOnceAndByThePageToo) {
 }
 
 TEST_F(UnreadSounds, LineThatTellsOfOneAppearsInThePicture) {
-  Open({Whole()});
-  auto const before = program.Picture();
-  Open({Whole("b.flac"), Cut()});
-  Session().ShowDocument(1);
+  Open({Whole(), Cut()});
   EXPECT_THAT(program.Audio().FailureText(), Not(IsEmpty()));
   auto const with = program.Picture();
   Session().ForgetFailures();
@@ -81,7 +78,6 @@ TEST_F(UnreadSounds, LineThatTellsOfOneAppearsInThePicture) {
   EXPECT_EQ(program.Audio().FailureText(), "");
   Session().WaitForPeaks();
   EXPECT_EQ(program.Audio().FailureText(), "") << "what was dismissed stays so";
-  EXPECT_EQ(before.height, with.height);
 }
 
 TEST_F(UnreadSounds, OneThatIsShownIsToldOfBelowItsWaveformAlone) {

@@ -46,6 +46,8 @@ function(mox_library name)
     PUBLIC $<BUILD_INTERFACE:${ARG_INCLUDE_DIR}> $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>
     PRIVATE ${ARG_SOURCE_DIR})
   target_link_libraries(${name} PUBLIC ${ARG_PUBLIC} PRIVATE ${ARG_PRIVATE})
+  # A library calls its own copies of what headers define, not those of the program, which may be slow as a test's.
+  target_link_options(${name} PRIVATE LINKER:-Bsymbolic-functions)
   if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND NOT MOX_SANITIZE)
     # What a library forgot to link is told now rather than to the client. The sanitizers leave symbols open.
     target_link_options(${name} PRIVATE LINKER:-z,defs)
@@ -124,12 +126,23 @@ mox_add_suites(${name} [==[$<TARGET_FILE:${name}>]==] [==[${CMAKE_CURRENT_BINARY
 ")
     set_property(DIRECTORY APPEND PROPERTY TEST_INCLUDE_FILES ${CMAKE_CURRENT_BINARY_DIR}/${name}_suites.cmake)
   else()
-    # The longest first, so that none of them is left for the end.
+    # The longest first, so that none of them is left for the end, and those of many sources in parts.
     list(LENGTH sources cost)
+    math(EXPR parts "1 + ${cost} / 80")
     if(ARG_OPTIMIZED)
       math(EXPR cost "3 * ${cost}")
     endif()
-    add_test(NAME ${name} COMMAND ${name})
-    set_tests_properties(${name} PROPERTIES ENVIRONMENT "${environment}" TIMEOUT 1200 LABELS ${name} COST ${cost})
+    foreach(part RANGE 1 ${parts})
+      set(suffix "")
+      set(shard "")
+      if(parts GREATER 1)
+        set(suffix .${part})
+        math(EXPR index "${part} - 1")
+        set(shard GTEST_TOTAL_SHARDS=${parts} GTEST_SHARD_INDEX=${index})
+      endif()
+      add_test(NAME ${name}${suffix} COMMAND ${name})
+      set_tests_properties(${name}${suffix} PROPERTIES
+        ENVIRONMENT "${environment};${shard}" TIMEOUT 1200 LABELS ${name} COST ${cost})
+    endforeach()
   endif()
 endfunction()

@@ -21,11 +21,13 @@ namespace {
 constexpr int kHours = 25;
 
 // The sanitizers make everything slower some fifteen times: there only each so many-th time is converted, and
-// all that are about a minute's end.
+// all that are about a minute's end; of the many codes whose labels are alike only in each so many-th hour.
 #if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
 constexpr std::int64_t kStride = 61;
+constexpr int kHourStride = 6;
 #else
 constexpr std::int64_t kStride = 1;
+constexpr int kHourStride = 1;
 #endif
 
 // Every so many-th time is tried as a negative one and from within its frame, too.
@@ -194,7 +196,11 @@ class LabelsOfEveryMinute : public EveryFrame {};
 // All about the minutes' ends, and some between.
 TEST_P(LabelsOfEveryMinute, AreThoseOfTheWheelsAndAreReadBack) {
   const std::int64_t framesPerHour = FramesPerHour(format);
-  CheckAllHours([&](int hour) { CheckHourOfLabels(hour, framesPerHour, 1009, format, differences); });
+  CheckAllHours([&](int hour) {
+    if (hour % kHourStride == 0) {
+      CheckHourOfLabels(hour, framesPerHour, 1009, format, differences);
+    }
+  });
   EXPECT_EQ(differences.GetCount(), 0) << differences.GetFirst();
 }
 

@@ -12,13 +12,14 @@ namespace {
 constexpr std::size_t kFactor = 4;
 constexpr float kRoundingOffset = 12582912.0F;  // 1.5 * 2^23
 
-float Smaller(float a, float b) {
-  return a < b ? a : b;
-}
+// Types of their own rather than functions, so that loops over them need no optimiser to call none.
+struct Smaller {
+  float operator()(float a, float b) const { return a < b ? a : b; }
+};
 
-float Larger(float a, float b) {
-  return a > b ? a : b;
-}
+struct Larger {
+  float operator()(float a, float b) const { return a > b ? a : b; }
+};
 
 template <class Choose>
 void ReduceBy(const float* values, std::size_t count, float* reduced, Choose choose) {
@@ -100,8 +101,8 @@ bool ArePairsInOrder(const std::int16_t* pairs, std::size_t pairCount) {
 }
 
 void ReducePoints(const PointColumns& points, std::size_t count, const PointColumns& reduced) {
-  ReduceBy(points.minimum, count, reduced.minimum, Smaller);
-  ReduceBy(points.maximum, count, reduced.maximum, Larger);
+  ReduceBy(points.minimum, count, reduced.minimum, Smaller());
+  ReduceBy(points.maximum, count, reduced.maximum, Larger());
   if (points.sum != nullptr) {
     ReduceBy(points.sum, count, reduced.sum, [](float a, float b) { return a + b; });
   }

@@ -5,12 +5,19 @@
 #include <algorithm>
 #include <cstddef>
 #include <functional>
+#include <initializer_list>
 #include <optional>
 #include <string>
+#include <type_traits>
 #include <utility>
 #include <vector>
 
 namespace playground {
+
+// A property over something that holds one of `values`, which go with `items`.
+Property ChoiceOfNumbers(std::string id, std::string label, std::function<int()> get,
+                         std::function<void(int)> set, std::vector<int> values,
+                         std::vector<std::string> items);
 
 // Makes properties over the fields of a structure of settings, those of its bases among them.
 template <class Settings>
@@ -32,6 +39,22 @@ class PropertyMaker {
   Property Choice(std::string id, std::string label, T Owner::*field, std::vector<T> const& values,
                   std::vector<std::string> items) const {
     return Choice<T>(std::move(id), std::move(label), Getter(field), Setter(field), values, std::move(items));
+  }
+  // The same for an enumeration, as most are: told as numbers, all of them share what goes on behind.
+  template <class T, class Owner>
+  requires std::is_enum_v<T> Property Choice(std::string id, std::string label, T Owner::*field,
+                                             std::initializer_list<T> values, std::vector<std::string> items)
+  const {
+    std::vector<int> numbers;
+    for (T const value : values) {
+      numbers.push_back(static_cast<int>(value));
+    }
+    return ChoiceOfNumbers(
+        std::move(id), std::move(label), [read = mRead, field] { return static_cast<int>(read().*field); },
+        [change = mChange, field](int value) {
+          change([field, value](Settings& settings) { settings.*field = static_cast<T>(value); });
+        },
+        std::move(numbers), std::move(items));
   }
   // The same over anything that can be read and set.
   template <class T>

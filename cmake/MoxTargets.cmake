@@ -97,11 +97,12 @@ function(mox_test_header name optimized)
     <memory> <mutex> <optional> <set> <sstream> <string> <string_view> <thread> <unordered_map> <utility> <vector>)
 endfunction()
 
-# mox_test(NAME DIRECTORY [OPTIMIZED] [EXCLUDE REGEX] [LINK ...]): one test program from every *Test.cpp below
-# DIRECTORY; other sources there are its helpers. OPTIMIZED is for those that work out much by themselves. Tests
-# whose path matches EXCLUDE are those of another program.
+# mox_test(NAME DIRECTORY [OPTIMIZED] [PARTS COUNT] [EXCLUDE REGEX] [LINK ...]): one test program from every
+# *Test.cpp below DIRECTORY; other sources there are its helpers. OPTIMIZED is for those that work out much by
+# themselves. A program that is not run by suites is run in PARTS at once. Tests whose path matches EXCLUDE are those
+# of another program.
 function(mox_test name directory)
-  cmake_parse_arguments(ARG "OPTIMIZED" "EXCLUDE" "LINK;ENVIRONMENT" ${ARGN})
+  cmake_parse_arguments(ARG "OPTIMIZED" "EXCLUDE;PARTS" "LINK;ENVIRONMENT" ${ARGN})
   file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${directory}/*.cpp)
   if(ARG_EXCLUDE)
     list(FILTER sources EXCLUDE REGEX "${ARG_EXCLUDE}")
@@ -130,19 +131,21 @@ mox_add_suites(${name} [==[$<TARGET_FILE:${name}>]==] [==[${CMAKE_CURRENT_BINARY
 ")
     set_property(DIRECTORY APPEND PROPERTY TEST_INCLUDE_FILES ${CMAKE_CURRENT_BINARY_DIR}/${name}_suites.cmake)
   else()
-    # The longest first, so that none of them is left for the end, and those of many sources in parts.
+    # The longest first, so that none of them is left for the end.
     list(LENGTH sources cost)
-    math(EXPR parts "1 + ${cost} / 80")
     if(ARG_OPTIMIZED)
       math(EXPR cost "3 * ${cost}")
     endif()
-    foreach(part RANGE 1 ${parts})
+    if(NOT ARG_PARTS)
+      set(ARG_PARTS 1)
+    endif()
+    foreach(part RANGE 1 ${ARG_PARTS})
       set(suffix "")
       set(shard "")
-      if(parts GREATER 1)
+      if(ARG_PARTS GREATER 1)
         set(suffix .${part})
         math(EXPR index "${part} - 1")
-        set(shard GTEST_TOTAL_SHARDS=${parts} GTEST_SHARD_INDEX=${index})
+        set(shard GTEST_TOTAL_SHARDS=${ARG_PARTS} GTEST_SHARD_INDEX=${index})
       endif()
       add_test(NAME ${name}${suffix} COMMAND ${name})
       set_tests_properties(${name}${suffix} PROPERTIES

@@ -42,6 +42,9 @@ RequirePackages() {
     fi
   done
   ((${#missing[@]})) || return 0
+  # What can be done without is tried once, not at each start on a machine without a network.
+  local without="$root/build/packages.without"
+  [[ $needed == yes || ! -f $without || $(<"$without") != "${missing[*]}" ]] || return 0
   local -a sudo=()
   if ((EUID != 0)); then
     if ! command -v sudo >/dev/null || ! { sudo -n true 2>/dev/null || [[ -t 0 ]]; }; then
@@ -66,6 +69,7 @@ RequirePackages() {
   fi
   if [[ -n $problem && $needed == no ]]; then
     Say "Going on without: $problem; the log is $log"
+    printf '%s\n' "${missing[*]}" >"$without"
   elif [[ -n $problem ]]; then
     cat "$log" >&2
     Fail "$problem"

@@ -66,7 +66,10 @@ endfunction()
 # anew, bit by bit, have to round where the library does, so all do.
 function(mox_test_flags name optimized)
   target_compile_options(${name} PRIVATE -fPIC -ffp-contract=off)
-  if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
+  if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND MOX_TEST_COMPILER)
+    set(launcher ${PROJECT_SOURCE_DIR}/scripts/compile_with ${MOX_TEST_COMPILER} ${CMAKE_CXX_COMPILER_LAUNCHER})
+    set_target_properties(${name} PROPERTIES CXX_COMPILER_LAUNCHER "${launcher}")
+  elseif(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
     # g++ 12 misreads inlined std::string concatenations, which tests are full of.
     target_compile_options(${name} PRIVATE -Wno-array-bounds -Wno-restrict -Wno-stringop-overread
       -Wno-stringop-overflow)

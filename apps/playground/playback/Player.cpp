@@ -125,6 +125,7 @@ bool Player::OpenOutput() {
 bool Player::StartOutput() {
   try {
     mClock.Begin(mFormat.sampleRate, mOutput->Latency());
+    mEngine->renderer.Rest();
     mOutput->Start();
     return true;
   } catch (AudioOutputError const& error) {

@@ -74,11 +74,13 @@ void StereoRenderer::Mark(std::int64_t count, bool stands) {
 void StereoRenderer::Render(std::span<float> pairs) {
   if (std::unique_lock const lock(mMutex, std::try_to_lock); lock.owns_lock()) {
     Adopt(mShared);
+    mIsResting = mChanges == 0;
   }
   auto const count = static_cast<std::int64_t>(pairs.size() / 2);
-  Mark(count, false);
+  bool const isResting = mIsResting;
+  Mark(count, isResting);
   std::int64_t done = 0;
-  while (done < count && !mWalk.HasEnded()) {
+  while (!isResting && done < count && !mWalk.HasEnded()) {
     std::int64_t const made = RenderRun(pairs.subspan(static_cast<std::size_t>(done) * 2));
     if (made == 0) {
       Mark(0, true);

@@ -42,6 +42,9 @@ class StereoRenderer {
   void Change(SourceWalk const& walk);
   // From where it is about to go on.
   SourceWalk Whereabouts() const;
+  // While Render isn't called: its next call plays what was told last, or, if that is just being looked at,
+  // silence; never what it played before.
+  void Rest() { mIsResting = true; }
   // Marks since the last call are added; the oldest ones are lost if they aren't fetched for long.
   void FetchMarks(std::vector<PlayMark>& marks);
   // Blocks so far in which frames weren't there in time, but for those right after a jump.
@@ -79,6 +82,7 @@ class StereoRenderer {
   std::size_t mNewMarkCount = 0;
 
   std::atomic<int> mLateBlocks{0};
+  std::atomic<bool> mIsResting{true};
 };
 
 }  // namespace playground

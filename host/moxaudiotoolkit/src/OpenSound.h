@@ -18,8 +18,9 @@ struct OpeningFault {
   std::string text;
 };
 
-// The file behind `descriptor`, from where that stands, for reading or writing (SFM_READ, SFM_WRITE). The descriptor
-// stays the caller's, who may close it at once. Null, and the reason in `fault`, where it can't be opened.
+// The file behind `descriptor`, from where that stands, for reading or writing (SFM_READ, SFM_WRITE). The
+// descriptor stays the caller's, who may close it at once. Null, and the reason in `fault`, where it can't be
+// opened.
 OpenSound OpenSoundFile(int descriptor, int mode, SF_INFO& info, OpeningFault& fault);
 
 // The same for what `io` reads from `stream`, which has to live as long as what is opened.

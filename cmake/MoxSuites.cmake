@@ -2,9 +2,9 @@
 # each case would cost ten times what the cases do, for programs that load Qt; one for all of them would leave
 # processors idle and tell less.
 
-# mox_add_suites(ROOM PROGRAM LIST ENVIRONMENT): the tests ROOM.SUITE. What the program said is kept in the file LIST
-# until it is built anew.
-function(mox_add_suites room program list environment)
+# mox_add_suites(ROOM PROGRAM LIST ENVIRONMENT LONGEST): the tests ROOM.SUITE, those that match LONGEST first. What the
+# program said is kept in the file LIST until it is built anew.
+function(mox_add_suites room program list environment longest)
   if(NOT EXISTS ${program})
     # Fails, unless another room was asked for.
     add_test(${room}.NotBuilt ${program})
@@ -25,5 +25,8 @@ function(mox_add_suites room program list environment)
     string(REGEX REPLACE "\\.( .*)?$" "" suite "${suite}")
     add_test(${room}.${suite} ${program} --gtest_filter=${suite}.*)
     set_tests_properties(${room}.${suite} PROPERTIES ENVIRONMENT "${environment}" TIMEOUT 600 LABELS ${room})
+    if(longest AND suite MATCHES "^(${longest})$")
+      set_tests_properties(${room}.${suite} PROPERTIES COST 10)
+    endif()
   endforeach()
 endfunction()

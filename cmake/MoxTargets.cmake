@@ -25,10 +25,19 @@ function(mox_group_sources target)
   endif()
 endfunction()
 
-# mox_library(NAME [PUBLIC ...] [PRIVATE ...]): the shared library NAME from src/ and include/ of the
-# current folder, exported as moxmediaui::NAME.
+# mox_seldom_runs(TARGET): compiles a target without optimisation for the sanitizers, where the optimiser takes two
+# thirds of the time; for what has no loops that would run as much longer.
+function(mox_seldom_runs target)
+  if(MOX_SANITIZE)
+    target_compile_options(${target} PRIVATE -O0)
+  endif()
+endfunction()
+
+# mox_library(NAME [SELDOM_RUNS] [BUSY FOLDER...] [FUZZED] [PUBLIC ...] [PRIVATE ...]): the shared library NAME from
+# src/ and include/ of the current folder, exported as moxmediaui::NAME. SELDOM_RUNS is as above, for all but the
+# folders BUSY. A fuzz target learns its ways through what is FUZZED.
 function(mox_library name)
-  cmake_parse_arguments(ARG "" "SOURCE_DIR;INCLUDE_DIR" "PUBLIC;PRIVATE" ${ARGN})
+  cmake_parse_arguments(ARG "SELDOM_RUNS;FUZZED" "SOURCE_DIR;INCLUDE_DIR" "BUSY;PUBLIC;PRIVATE" ${ARGN})
   if(NOT ARG_SOURCE_DIR)
     set(ARG_SOURCE_DIR ${CMAKE_CURRENT_SOURCE_DIR}/src)
   endif()
@@ -40,22 +49,42 @@ function(mox_library name)
     set(sources ${CMAKE_CURRENT_BINARY_DIR}/empty.cpp)
     file(CONFIGURE OUTPUT ${sources} CONTENT "")
   endif()
+  set(parts ${name})
+  if(MOX_SANITIZE AND ARG_BUSY)
+    set(busy ${sources})
+    list(JOIN ARG_BUSY "|" folders)
+    list(FILTER busy INCLUDE REGEX "^${ARG_SOURCE_DIR}/(${folders})/")
+    list(REMOVE_ITEM sources ${busy})
+    add_library(${name}_busy OBJECT ${busy})
+    list(APPEND parts ${name}_busy)
+  endif()
   add_library(${name} SHARED ${sources})
   add_library(moxmediaui::${name} ALIAS ${name})
-  target_include_directories(${name}
-    PUBLIC $<BUILD_INTERFACE:${ARG_INCLUDE_DIR}> $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>
-    PRIVATE ${ARG_SOURCE_DIR})
-  target_link_libraries(${name} PUBLIC ${ARG_PUBLIC} PRIVATE ${ARG_PRIVATE})
+  foreach(part IN LISTS parts)
+    target_include_directories(${part}
+      PUBLIC $<BUILD_INTERFACE:${ARG_INCLUDE_DIR}> $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>
+      PRIVATE ${ARG_SOURCE_DIR})
+    target_link_libraries(${part} PUBLIC ${ARG_PUBLIC} PRIVATE ${ARG_PRIVATE})
+    mox_group_sources(${part})
+  endforeach()
+  if(TARGET ${name}_busy)
+    # Objects from elsewhere are linked first, so that what headers define is taken from the optimised ones.
+    target_sources(${name} PRIVATE $<TARGET_OBJECTS:${name}_busy>)
+  endif()
+  if(ARG_SELDOM_RUNS)
+    mox_seldom_runs(${name})
+  endif()
+  if(ARG_FUZZED AND MOX_BUILD_FUZZERS)
+    foreach(part IN LISTS parts)
+      target_compile_options(${part} PRIVATE -fsanitize=fuzzer-no-link)
+    endforeach()
+  endif()
   # A library calls its own copies of what headers define, not those of the program, which may be slow as a test's.
   target_link_options(${name} PRIVATE LINKER:-Bsymbolic-functions)
   if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND NOT MOX_SANITIZE)
     # What a library forgot to link is told now rather than to the client. The sanitizers leave symbols open.
     target_link_options(${name} PRIVATE LINKER:-z,defs)
   endif()
-  if(MOX_BUILD_FUZZERS)
-    target_compile_options(${name} PRIVATE -fsanitize=fuzzer-no-link)
-  endif()
-  mox_group_sources(${name})
   set_target_properties(${name} PROPERTIES VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR})
   set_property(GLOBAL APPEND PROPERTY MOX_LIBRARIES ${name})
   set_property(GLOBAL APPEND PROPERTY MOX_INCLUDE_DIRS ${ARG_INCLUDE_DIR})
@@ -77,6 +106,10 @@ function(mox_test_flags name optimized)
   if(MOX_SANITIZE)
     # A report names the test, and the lines of what it called. Its own would make compiling an eighth longer.
     target_compile_options(${name} PRIVATE -g0)
+    if(CMAKE_CXX_COMPILER_ID MATCHES "Clang")
+      target_compile_options(${name} PRIVATE
+        -fsanitize-ignorelist=${PROJECT_SOURCE_DIR}/tests/support/sanitizers.ignore)
+    endif()
   endif()
   if(NOT MOX_TEST_OPTIMIZATION)
     return()
@@ -100,12 +133,29 @@ function(mox_test_header name optimized)
     <memory> <mutex> <optional> <set> <sstream> <string> <string_view> <thread> <unordered_map> <utility> <vector>)
 endfunction()
 
-# mox_test(NAME DIRECTORY [OPTIMIZED] [PARTS COUNT] [EXCLUDE REGEX] [LINK ...]): one test program from every
-# *Test.cpp below DIRECTORY; other sources there are its helpers. OPTIMIZED is for those that work out much by
-# themselves. A program that is not run by suites is run in PARTS at once. Tests whose path matches EXCLUDE are those
-# of another program.
+# mox_test_sources(TARGET DIRECTORY OPTIMIZED [LIBRARY...]): how the tests below DIRECTORY that are, or are not,
+# optimized are compiled, and what with.
+function(mox_test_sources target directory optimized)
+  target_include_directories(${target} PRIVATE ${CMAKE_CURRENT_SOURCE_DIR} ${CMAKE_CURRENT_SOURCE_DIR}/${directory})
+  target_link_libraries(${target} PRIVATE ${ARGN} test_folders GTest::gmock)
+  mox_test_flags(${target} ${optimized})
+  mox_group_sources(${target})
+  if(MOX_PRECOMPILED_HEADERS)
+    if(optimized)
+      target_precompile_headers(${target} REUSE_FROM test_header_optimized)
+    else()
+      target_precompile_headers(${target} REUSE_FROM test_header)
+    endif()
+  endif()
+endfunction()
+
+# mox_test(NAME DIRECTORY [OPTIMIZED | OPTIMIZED_HELPERS] [PARTS COUNT] [LONGEST REGEX] [EXCLUDE REGEX] [LINK ...]): one
+# test program from every *Test.cpp below DIRECTORY; other sources there are its helpers. OPTIMIZED is for those that
+# work out much by themselves, OPTIMIZED_HELPERS for those whose helpers do. A program that is not run by suites is run
+# in PARTS at once; otherwise the suites that match LONGEST begin. Tests whose path matches EXCLUDE are those of another
+# program.
 function(mox_test name directory)
-  cmake_parse_arguments(ARG "OPTIMIZED" "EXCLUDE;PARTS" "LINK;ENVIRONMENT" ${ARGN})
+  cmake_parse_arguments(ARG "OPTIMIZED;OPTIMIZED_HELPERS" "EXCLUDE;PARTS;LONGEST" "LINK;ENVIRONMENT" ${ARGN})
   file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${directory}/*.cpp)
   if(ARG_EXCLUDE)
     list(FILTER sources EXCLUDE REGEX "${ARG_EXCLUDE}")
@@ -113,30 +163,31 @@ function(mox_test name directory)
   if(NOT sources)
     return()
   endif()
+  list(LENGTH sources cost)
+  if(ARG_OPTIMIZED_HELPERS)
+    set(helpers ${sources})
+    list(FILTER helpers EXCLUDE REGEX "Test\\.cpp$")
+    list(REMOVE_ITEM sources ${helpers})
+    add_library(${name}_helpers OBJECT ${helpers})
+    mox_test_sources(${name}_helpers ${directory} TRUE ${ARG_LINK})
+  endif()
   add_executable(${name} ${sources})
-  target_include_directories(${name} PRIVATE ${CMAKE_CURRENT_SOURCE_DIR} ${CMAKE_CURRENT_SOURCE_DIR}/${directory})
-  target_link_libraries(${name} PRIVATE ${ARG_LINK} test_folders GTest::gmock)
-  mox_test_flags(${name} ${ARG_OPTIMIZED})
-  mox_group_sources(${name})
-  if(MOX_PRECOMPILED_HEADERS)
-    if(ARG_OPTIMIZED)
-      target_precompile_headers(${name} REUSE_FROM test_header_optimized)
-    else()
-      target_precompile_headers(${name} REUSE_FROM test_header)
-    endif()
+  mox_test_sources(${name} ${directory} ${ARG_OPTIMIZED} ${ARG_LINK})
+  if(ARG_OPTIMIZED_HELPERS)
+    # Objects from elsewhere are linked first, so that what headers define is taken from the optimised ones.
+    target_sources(${name} PRIVATE $<TARGET_OBJECTS:${name}_helpers>)
   endif()
   set(environment QT_QPA_PLATFORM=offscreen ${ARG_ENVIRONMENT})
   if(MOX_TESTS_BY_SUITE)
     file(GENERATE OUTPUT ${CMAKE_CURRENT_BINARY_DIR}/${name}_suites.cmake CONTENT
 "include([==[${PROJECT_SOURCE_DIR}/cmake/MoxSuites.cmake]==])
 mox_add_suites(${name} [==[$<TARGET_FILE:${name}>]==] [==[${CMAKE_CURRENT_BINARY_DIR}/${name}_suites.txt]==]
-  [==[${environment}]==])
+  [==[${environment}]==] [==[${ARG_LONGEST}]==])
 ")
     set_property(DIRECTORY APPEND PROPERTY TEST_INCLUDE_FILES ${CMAKE_CURRENT_BINARY_DIR}/${name}_suites.cmake)
   else()
     # The longest first, so that none of them is left for the end.
-    list(LENGTH sources cost)
-    if(ARG_OPTIMIZED)
+    if(ARG_OPTIMIZED OR ARG_OPTIMIZED_HELPERS)
       math(EXPR cost "3 * ${cost}")
     endif()
     if(NOT ARG_PARTS)

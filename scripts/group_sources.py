@@ -19,9 +19,18 @@ LINES_PER_GROUP = {"tests": 4400}
 FILES_PER_GROUP = {"tests": 24}
 LINES_OTHERWISE = 5000
 FILES_OTHERWISE = 45
-# What stays by itself within a room: parts compiled into another target, and what includes Qt, whose macros are
-# words that others use as names.
-PARTS = ("host/moxui/src/qt", "apps/playground/playback", "tests/apps/playground/playback")
+# What stays by itself within a room: parts compiled into another target or in another way, and what includes Qt, whose
+# macros are words that others use as names.
+PARTS = (
+    "host/moxui/src/archive",
+    "host/moxui/src/qt/raster",
+    "host/moxui/src/qt",
+    "src/audio",
+    "apps/playground/playback",
+    "tests/apps/playground/playback",
+)
+# Rooms of tests whose helpers are compiled in another way than the tests.
+ROOMS_WITH_HELPERS_APART = ("tests/audio", "tests/host/moxaudiotoolkit")
 # A member of the same name is meant where it is asked of something.
 IDENTIFIER = re.compile(r"(?<![.:>\w])[A-Za-z_]\w*")
 
@@ -77,7 +86,8 @@ def room_of(file):
             return part
     folders = file.parent.parts
     depth = {"host": 3, "apps": 2, "src": 1}.get(folders[0], 3 if folders[1:2] in (("host",), ("apps",)) else 2)
-    return "/".join(folders[:depth])
+    room = "/".join(folders[:depth])
+    return f"{room}/helpers" if room in ROOMS_WITH_HELPERS_APART and not path.endswith("Test.cpp") else room
 
 
 def main():

@@ -123,7 +123,7 @@ std::string OpenStop(UI_Node& parent) {
   return AnswerText(DialogButton::kOk);
 }
 
-ControlSample Message(std::string_view title, Content content) {
+ControlSample MessageSample(std::string_view title, Content content) {
   return {.title = title,
           .make = [title] { return OpenButton(title); },
           .width = kOpenWidth,
@@ -270,12 +270,12 @@ ControlSample Opened(std::string_view title, std::function<Node()> inside, std::
 }  // namespace
 
 std::vector<ControlSample> MessageBoxSamples() {
-  return {Message("$$$/playground/dialogs/note=Note", Note),
-          Message("$$$/playground/dialogs/question=Question", Question),
+  return {MessageSample("$$$/playground/dialogs/note=Note", Note),
+          MessageSample("$$$/playground/dialogs/question=Question", Question),
           Opened(
               "$$$/playground/dialogs/stop=Stop",
               []() -> Node { return MakeIntrusive<MessageBoxView>(Stop(), [](unsigned) {}); }, OpenStop),
-          Message("$$$/playground/dialogs/plain=Without an icon", Plain)};
+          MessageSample("$$$/playground/dialogs/plain=Without an icon", Plain)};
 }
 
 std::vector<ControlSample> DialogSamples() {

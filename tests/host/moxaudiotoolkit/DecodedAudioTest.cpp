@@ -1,3 +1,4 @@
+#include "PlainPeaks.h"
 #include "SoundBytes.h"
 #include "TemporaryFolder.h"
 
@@ -12,12 +13,14 @@
 #include <cstdint>
 #include <limits>
 #include <random>
+#include <span>
 #include <stdexcept>
 #include <vector>
 
 namespace moxaudiotoolkit {
 namespace {
 
+using testing::PeaksOneByOne;
 using testing::TemporaryFolder;
 using testing::Tones;
 
@@ -32,14 +35,6 @@ std::vector<float> RandomSamples(std::size_t count, unsigned seed) {
   std::vector<float> samples(count);
   std::ranges::generate(samples, [&] { return sample(random); });
   return samples;
-}
-
-PeakPair PeaksOneByOne(std::span<const float> samples) {
-  if (samples.empty()) {
-    return {};
-  }
-  const auto [smallest, largest] = std::ranges::minmax(samples);
-  return {.maximum = largest, .minimum = smallest};
 }
 
 TEST(DecodedAudio, GivesItsSamplesBack) {

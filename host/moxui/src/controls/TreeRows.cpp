@@ -19,7 +19,7 @@ constexpr std::size_t kMostSpareViews = 64;
 TreeRows::TreeRows(UI_MultiColumnTree& tree) : mTree(tree) {}
 
 TreeRows::~TreeRows() {
-  TakeApart(RemoveAll());
+  RemoveAll();
 }
 
 TreeRows::RowPtr TreeRows::Append(Row* parent) {
@@ -60,8 +60,10 @@ TreeRows::RowList TreeRows::RemoveAll() {
 void TreeRows::TakeApart(RowList const& rows) {
   RowList all = rows;
   for (std::size_t i = 0; i < all.size(); ++i) {
-    RowList const children = std::exchange(all[i]->mChildren, {});
-    all.insert(all.end(), children.begin(), children.end());
+    if (!all[i]->mChildren.empty()) {
+      RowList const children = std::exchange(all[i]->mChildren, {});
+      all.insert(all.end(), children.begin(), children.end());
+    }
   }
   for (RowPtr const& row : all) {
     row->mTree = nullptr;
@@ -75,8 +77,9 @@ void TreeRows::TakeApart(RowList const& rows) {
   std::erase_if(mKept, isGone);
   mIsStale = true;
   for (RowPtr const& row : all) {
-    Detach(*row);
-    row->DropCells();
+    if (row->mView) {
+      Detach(*row);
+    }
   }
 }
 

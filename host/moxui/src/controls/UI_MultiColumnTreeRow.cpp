@@ -23,6 +23,9 @@ UI_MultiColumnTreeRow::~UI_MultiColumnTreeRow() {
 }
 
 void UI_MultiColumnTreeRow::DropCells() {
+  if (mCells.empty()) {
+    return;
+  }
   for (IntrusivePtr<CellView> const& cell : std::exchange(mCells, {})) {
     if (cell) {
       cell->mRow = nullptr;

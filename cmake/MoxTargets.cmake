@@ -35,7 +35,7 @@ endfunction()
 
 # mox_library(NAME [SELDOM_RUNS] [BUSY FOLDER...] [FUZZED] [PUBLIC ...] [PRIVATE ...]): the shared library NAME from
 # src/ and include/ of the current folder, exported as moxmediaui::NAME. SELDOM_RUNS is as above, for all but the
-# folders BUSY. A fuzz target learns its ways through what is FUZZED.
+# folders BUSY. A fuzz target learns its ways through what is FUZZED, or through those folders of it if there are any.
 function(mox_library name)
   cmake_parse_arguments(ARG "SELDOM_RUNS;FUZZED" "SOURCE_DIR;INCLUDE_DIR" "BUSY;PUBLIC;PRIVATE" ${ARGN})
   if(NOT ARG_SOURCE_DIR)
@@ -75,9 +75,8 @@ function(mox_library name)
     mox_seldom_runs(${name})
   endif()
   if(ARG_FUZZED AND MOX_BUILD_FUZZERS)
-    foreach(part IN LISTS parts)
-      target_compile_options(${part} PRIVATE -fsanitize=fuzzer-no-link)
-    endforeach()
+    list(GET parts -1 part)
+    target_compile_options(${part} PRIVATE -fsanitize=fuzzer-no-link)
   endif()
   # A library calls its own copies of what headers define, not those of the program, which may be slow as a test's.
   target_link_options(${name} PRIVATE LINKER:-Bsymbolic-functions)

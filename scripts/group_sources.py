@@ -23,6 +23,7 @@ FILES_OTHERWISE = 45
 # macros are words that others use as names.
 PARTS = (
     "host/moxui/src/archive",
+    "host/moxui/src/resources",
     "host/moxui/src/qt/raster",
     "host/moxui/src/qt",
     "src/audio",

@@ -77,9 +77,7 @@ void TreeRows::TakeApart(RowList const& rows) {
   std::erase_if(mKept, isGone);
   mIsStale = true;
   for (RowPtr const& row : all) {
-    if (row->mView) {
-      Detach(*row);
-    }
+    Detach(*row);
   }
 }
 
